@@ -1,0 +1,50 @@
+# vorn_module(target [RESOURCES file.rc]): makes target a module of the desktop it runs on.
+#   Windows: the resources are compiled and linked in; the loader calls DllMain.
+#   In memory: the same compiled resources are embedded, and a piece of start-up code registers the
+#   module with the desktop and calls its DllMain (or, for a program, only registers it).
+set(VORN_MODULE_DIR ${CMAKE_CURRENT_LIST_DIR})
+
+function(vorn_module target)
+  cmake_parse_arguments(ARG "" "RESOURCES" "INCLUDE;DEPENDS" ${ARGN})
+  if(WIN32)
+    if(ARG_RESOURCES)
+      target_sources(${target} PRIVATE ${ARG_RESOURCES})
+      set_source_files_properties(${ARG_RESOURCES} PROPERTIES OBJECT_DEPENDS "${ARG_DEPENDS}")
+      foreach(dir ${ARG_INCLUDE})
+        set_property(SOURCE ${ARG_RESOURCES} APPEND PROPERTY INCLUDE_DIRECTORIES ${dir})
+      endforeach()
+    endif()
+    return()
+  endif()
+
+  set(res "")
+  if(ARG_RESOURCES)
+    get_filename_component(rc ${ARG_RESOURCES} ABSOLUTE)
+    set(res ${CMAKE_CURRENT_BINARY_DIR}/${target}.res)
+    find_program(VORN_WINDRES x86_64-w64-mingw32-windres REQUIRED)
+    set(includes "")
+    foreach(dir ${ARG_INCLUDE})
+      list(APPEND includes -I ${dir})
+    endforeach()
+    add_custom_command(OUTPUT ${res}
+      COMMAND ${VORN_WINDRES} ${includes} -O res ${rc} ${res}
+      DEPENDS ${rc} ${ARG_DEPENDS} WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR}
+      COMMENT "Compiling resources of ${target}" VERBATIM)
+  endif()
+  get_target_property(type ${target} TYPE)
+  set(kind MODULE_IS_PROGRAM)
+  if(type STREQUAL "SHARED_LIBRARY")
+    set(kind MODULE_IS_LIBRARY)
+  endif()
+  set(glue ${CMAKE_CURRENT_BINARY_DIR}/${target}_module.cpp)
+  get_target_property(name ${target} OUTPUT_NAME)
+  if(NOT name)
+    set(name ${target})
+  endif()
+  set(MODULE_NAME ${name})
+  set(MODULE_KIND ${kind})
+  set(MODULE_RES ${res})
+  configure_file(${VORN_MODULE_DIR}/module.cpp.in ${glue} @ONLY)
+  set_source_files_properties(${glue} PROPERTIES OBJECT_DEPENDS "${res}")
+  target_sources(${target} PRIVATE ${glue})
+endfunction()
