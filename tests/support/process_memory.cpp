@@ -1,0 +1,18 @@
+// The in-memory desktop: each process has its own, and it counts what is alive.
+#include <windows.h>
+
+#include "desktop/desktop.h"
+#include "support/process.h"
+
+namespace support {
+
+void PrepareProcess() {}
+
+Alive CountAlive() {
+  const desktop::LiveCounts live = desktop::CountLive();
+  return {live.windows, live.gdiObjects, live.dcs, live.timers};
+}
+
+void CleanUpAfterTest() { desktop::Reset(); }
+
+}  // namespace support
