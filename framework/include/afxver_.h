@@ -19,7 +19,7 @@
 #else
 #define VORNFW_API __attribute__((visibility("default")))
 #define AFX_EXT_EXPORT __attribute__((visibility("default")))
-#define AFX_EXT_IMPORT
+#define AFX_EXT_IMPORT __attribute__((visibility("default")))
 #endif
 
 // AFX_EXT_CLASS exports from the extension module that defines _AFXEXT, and imports elsewhere.
