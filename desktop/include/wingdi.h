@@ -566,9 +566,6 @@ DESKTOP_API int WINAPI GetClipRgn(HDC dc, HRGN region);
 DESKTOP_API int WINAPI GetRandomRgn(HDC dc, HRGN region, int code);
 DESKTOP_API BOOL WINAPI PtVisible(HDC dc, int x, int y);
 DESKTOP_API BOOL WINAPI RectVisible(HDC dc, const RECT* rect);
-#define CLIPRGN 1
-#define METARGN 2
-#define APIRGN 3
 #define SYSRGN 4
 
 // Regions.
