@@ -1,0 +1,464 @@
+// CVornTreeCtrl: an owner-drawn tree control that keeps, selects and shows its own items.
+//
+// Words. An item is a node, named by a pointer that hosts treat as an opaque handle. The implicit
+// root is never shown; STI_ROOT names it. A document is an item whose parent is the implicit root.
+// A row is an item in the visible list: reachable from the top through expanded items, neither it nor
+// one above it hidden. The display list is the slice of the rows that the last paint left on screen.
+//
+// Handles. Every operation that takes an item refuses an invalid one (null, a sentinel where none is
+// told to be understood, an item that is gone, any other pointer) with 0 or null and changes nothing.
+//
+// Hooks. A host derives from the class and overrides the virtual operations under 'Hooks'. A hook may
+// do anything, also delete the item it is told of, empty the tree or destroy the window.
+//
+// Threads. A control belongs to the thread of its window. Only InsertItem, SetRedraw and UpdateTree
+// look at the calling thread, and then leave the layout to the window's own.
+//
+// Without a window all operations on items work; nothing is drawn and no bar is set.
+#pragma once
+
+#include "../core/VornComCtlApi.h"
+#include "../core/VornItemArrays.h"
+#include "VornTreeTypes.h"
+
+class CVornTreeDrag;
+class CVornTreeEdit;
+class CVornTreeOperations;
+class CVornTreeOptions;
+class CVornTreeSelection;
+class CVornTreeToolTip;
+
+class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
+  DECLARE_DYNAMIC(CVornTreeCtrl)
+
+ public:
+  // Pixels added to the text height of a row: 2, 10 or 15.
+  enum ItemSpacing { SpacingNormal = 0, SpacingLarge = 1, SpacingLarger = 2 };
+
+  CVornTreeCtrl();
+  virtual ~CVornTreeCtrl();
+
+  // --- The window ----------------------------------------------------------------------------------
+
+  // The control of a window, or null: for a window that is not, or no longer, a tree control.
+  static CVornTreeCtrl* GetPointerFromHandle(HWND hwnd);
+
+  // Holds back (0) or releases (non-zero) all layout and painting. Calls nest; the last release lays
+  // out and repaints all, also when nothing changed.
+  void SetRedraw(int redraw);
+
+  // Whether all bits of style are set in the window's style; 0 without a window.
+  int IsActiveStyle(unsigned long style);
+
+  // Pixels per level. The setter stores only: it shows at the next paint.
+  unsigned int GetIndent() const { return m_nIndent; }
+  void SetIndent(unsigned int indent) { m_nIndent = indent; }
+  // The spacing of rows measured from now on; stores only.
+  void SetItemSpacing(ItemSpacing spacing) { m_nItemSpacing = spacing; }
+  // The height of new items, in pixels.
+  int GetDefaultHeight() { return m_nDefaultHeight; }
+  // Milliseconds until a second click on the selected item opens the label edit.
+  int GetLabelEditDuration() { return m_nLabelEditDuration; }
+  // The margin around a press within which no drag starts, relative to the press.
+  void GetDragRect(CRect& rect) { rect = m_rcDrag; }
+
+  void SetFocusRectVisible(bool visible) { m_bFocusRectVisible = visible; }
+
+  // Type-ahead selection; the setter returns the earlier value.
+  int EnableAutoSelection(int enable);
+  int IsAutoSelectionEnabled() { return m_bAutoSelection; }
+
+  CVornTreeDrag* GetDragManager() { return m_pDrag; }
+  CEdit* GetEditControl();
+  CVornTreeSelection* GetSelectionManager() const { return m_pSelection; }
+
+  // --- Items: insertion, removal, moving -----------------------------------------------------------
+
+  // Creates an item and links it under parent (an item or STI_ROOT), behind insertAfter: STI_FIRST,
+  // STI_LAST or null (the end), or a child of parent. image and selectedImage: indices, -1 none.
+  // Result: the item, or null. Runs InitializeItemFont before the label is measured.
+  CVornTreeItem* InsertItem(const wchar_t* text, int image, int selectedImage,
+                            CVornTreeItem* parent = STI_ROOT, CVornTreeItem* insertAfter = STI_LAST,
+                            unsigned __int64 data = 0);
+  // The record form. STIF_TEXT takes exactly cchTextMax characters. Of the state bits only
+  // STIS_SELECTED, STIS_EXPANDED and STIS_CHECKED are applied, and STIS_HIDDEN of the mask.
+  CVornTreeItem* InsertItem(STINSERTSTRUCT* insert);
+
+  // Removes an item with its subtree. Hook: OnDeleteItem(item), once, when the selection has let go
+  // of the subtree and the item is still linked. The root: empties the tree. Asks no permission.
+  int DeleteItem(CVornTreeItem* item);
+  // Removes all children of parent (an item or STI_ROOT). Hook: OnDeleteItem(parent) first.
+  int DeleteAllItems(CVornTreeItem* parent);
+  // Takes an item with its subtree to another place. insertAfter: STI_FIRST, STI_LAST or a child of
+  // parent; null gives 0, and so does a place below the item itself. No hook.
+  int MoveItem(CVornTreeItem* parent, CVornTreeItem* item, CVornTreeItem* insertAfter);
+
+  // --- Items: relations and lookup -----------------------------------------------------------------
+
+  CVornTreeItem* GetRootItem() const { return m_pRoot; }
+  // Next and previous sibling; null for null or STI_ROOT.
+  CVornTreeItem* GetNextItem(CVornTreeItem* item) const;
+  CVornTreeItem* GetPrevItem(CVornTreeItem* item) const;
+  // By STGN_ code.
+  CVornTreeItem* GetNextItem(CVornTreeItem* item, unsigned int code) const;
+  // First child; STI_ROOT means the root.
+  CVornTreeItem* GetChildItem(CVornTreeItem* item) const;
+  // Last child; a leaf gives itself.
+  CVornTreeItem* GetLastChildItem(CVornTreeItem* item) const;
+  // The parent, which is the implicit root for a document.
+  CVornTreeItem* GetParentItem(CVornTreeItem* item) const;
+  // Appends the item, its parent and so on up to and including the document.
+  int GetParentList(CVornTreeItem* item, CVornTreeItemArray& list);
+  // All items below, at any depth, hidden ones included.
+  unsigned int GetChildCount(CVornTreeItem* item) const;
+  // All rows below.
+  unsigned int GetVisibleChildCount(CVornTreeItem* item) const;
+  unsigned int GetCount();
+  // The first direct child of parent (STI_ROOT or invalid: of the root) with this label, case apart,
+  // and, when data is not 0, with this data.
+  CVornTreeItem* GetItemFromName(const wchar_t* name, CVornTreeItem* parent = STI_ROOT,
+                                 unsigned __int64 data = 0);
+  // The item at a path of labels joined by backslashes; data applies to the last segment.
+  CVornTreeItem* GetItemFromFullPathName(const wchar_t* path, unsigned __int64 data = 0);
+  CVornTreeItem* GetItemFromItemData(unsigned __int64 data, CVornTreeItem* parent = STI_ROOT);
+  // The item at a path of data, from the documents down.
+  CVornTreeItem* GetItemFromItemDatas(unsigned __int64* datas, int count);
+  // The path that GetItemFromFullPathName takes back; 0 and an empty text if a label on it is empty.
+  int GetItemFullText(CVornTreeItem* item, CString& text);
+  // The place among the siblings, from 1.
+  long GetItemPosition(CVornTreeItem* item);
+  // Whether item is valid and, unless parent is null or STI_ROOT, its direct child.
+  int IsExist(CVornTreeItem* item, CVornTreeItem* parent) const;
+  // Whether parent is the item or one above it.
+  int IsParentItemOf(CVornTreeItem* parent, CVornTreeItem* item);
+  // Whether there are children, or some are announced by STIS_HASCHILDREN.
+  int ItemHasChildren(CVornTreeItem* item) const;
+
+  // --- Items: attributes ---------------------------------------------------------------------------
+
+  int GetItem(STITEM* item);
+  // STIF_IMAGE alone clears the selected image; state bits can only be turned on.
+  int SetItem(STITEM* item);
+  // The stored label. STI_ROOT gives "Root".
+  const wchar_t* GetItemText(CVornTreeItem* item);
+  int SetItemText(CVornTreeItem* item, const wchar_t* text);
+  // The setter is refused silently on a shortcut.
+  unsigned __int64 GetItemData(CVornTreeItem* item) const;
+  void SetItemData(CVornTreeItem* item, unsigned __int64 data);
+  int GetItemImage(CVornTreeItem* item, int& image, int& selectedImage) const;
+  int SetItemImage(CVornTreeItem* item, int image, int selectedImage);
+  int GetItemImageState(CVornTreeItem* item, int& image) const;
+  int SetItemImageState(CVornTreeItem* item, int image);
+  unsigned long GetItemState(CVornTreeItem* item) const;
+  unsigned int GetItemState(CVornTreeItem* item, unsigned int mask) const;
+  // Replaces all state bits.
+  int SetItemState(CVornTreeItem* item, unsigned long state);
+  int ModifyItemState(CVornTreeItem* item, unsigned long remove, unsigned long add);
+  int GetCheckBox(CVornTreeItem* item);
+  int SetCheckBox(CVornTreeItem* item, int show);
+  int GetItemCheck(CVornTreeItem* item);
+  // Needs a check box on the item or STS_CHECKBOXES. Hooks: OnChecking, which may veto, and OnChecked.
+  // Result: the earlier mark, not success.
+  int SetItemCheck(CVornTreeItem* item, int check);
+  bool IsItemBold(CVornTreeItem* item) const;
+  int SetItemBold(CVornTreeItem* item, int bold);
+  bool IsItemExpanded(CVornTreeItem* item);
+  bool IsItemSelected(CVornTreeItem* item);
+  // The item's own font, or the control's.
+  CFont* GetItemFont(CVornTreeItem* item);
+  // Gives the item a copy of font; null takes its own font away, and leaves its height.
+  void SetItemFont(CVornTreeItem* item, CFont* font);
+  // Derives a font for the item by STFF_ bits.
+  int UpdateItemFont(CVornTreeItem* item, unsigned int flags);
+  unsigned long GetItemTextColor(CVornTreeItem* item);
+  void SetItemTextColor(CVornTreeItem* item, unsigned long color);  // shows at the next repaint
+  unsigned long GetItemBkColor(CVornTreeItem* item);
+  void SetItemBkColor(CVornTreeItem* item, unsigned long color);  // shows at the next repaint
+
+  // --- Images, font and colours of the control -----------------------------------------------------
+
+  CImageList* GetImageList(VornTreeImageList list);
+  int GetImageSize(VornTreeImageList list, SIZE* size);
+  // The list is borrowed, not owned. A null list gives null and changes nothing.
+  CImageList* SetImageList(CImageList* list, VornTreeImageList which);
+  void SetFont(CFont* font, int redraw);
+
+  // A colour not set (ST_CLR_NONE) falls back on the system's.
+  unsigned long GetTextColor();
+  unsigned long GetGrayTextColor();
+  unsigned long GetShowAlwaysColor();
+  void SetBkColor(unsigned long color);
+  void SetTextColor(unsigned long color);
+  void SetGrayTextColor(unsigned long color);
+  void SetTextHighLightColor(unsigned long color);
+  void SetHighLightColor(unsigned long color);
+  void SetShowAlwaysColor(unsigned long color);
+
+  // --- Shortcuts -----------------------------------------------------------------------------------
+
+  // An item that stands for target, placed as InsertItem does. Null for the root or a shortcut.
+  CVornTreeItem* CreateShortcut(CVornTreeItem* target, CVornTreeItem* parent, CVornTreeItem* insertAfter);
+  // The target of a shortcut, or null.
+  CVornTreeItem* GetShortcutItem(CVornTreeItem* item);
+  // Makes list share the item's own list of shortcuts.
+  int GetShortcutItems(CVornTreeItem* item, CVornTreeItemArray& list);
+  int IsShortcutItemOf(CVornTreeItem* shortcut, CVornTreeItem* item);
+
+  // --- Sorting of direct children ------------------------------------------------------------------
+
+  // By the host's comparison of data. Of children that it calls equal only the first stays in the tree.
+  int SortChildren(STSORTCB* sort);
+  // By label, case apart; equal labels are kept.
+  bool SortChildrenByName(CVornTreeItem* item);
+
+  // --- Visibility and the display list -------------------------------------------------------------
+
+  CVornTreeItem* GetFirstVisibleItem() const;
+  CVornTreeItem* GetFirstDisplayItem() const;
+  CVornTreeItem* GetLastDisplayItem() const;
+  // The last row of the item's subtree.
+  CVornTreeItem* GetLastVisibleItem(CVornTreeItem* item) const;
+  CVornTreeItem* GetNextVisibleItem(CVornTreeItem* item) const;
+  CVornTreeItem* GetPrevVisibleItem(CVornTreeItem* item) const;
+  // All rows.
+  int GetVisibleCount() const;
+  // Rows drawn by the last paint.
+  int GetDisplayCount() const { return m_nDisplayCount; }
+  int IsDisplayItem(CVornTreeItem* item);
+  int ItemIsVisible(CVornTreeItem* item);
+  int GetItemVisibility(CVornTreeItem* item);
+  // Returns the earlier visibility. On a locked item the change waits for the unlocking.
+  int SetItemVisibility(CVornTreeItem* item, int visible);
+  // Returns whether it was locked. The first lock can force hiding, never showing.
+  int LockItemVisibility(CVornTreeItem* item, int visible);
+  // Returns whether it was locked.
+  int UnlockItemVisibility(CVornTreeItem* item);
+  int ItemIsLockedVisibility(CVornTreeItem* item);
+  // Appends the hidden items, without those below them. The result is always 0.
+  int GetHiddenItems(CVornTreeItemArray& items);
+  // With 1 only what is below the active document is shown. Returns the earlier mode.
+  int SetDocumentDisplay(int onlyActive);
+  int IsDisplayOnlyActiveDocument() const { return m_bDisplayOnlyActiveDoc; }
+  CVornTreeItem* GetActiveDocItem() const;
+
+  // --- Expansion and scrolling ---------------------------------------------------------------------
+
+  // code: an STE_ action with STE_ flags; item: also STI_ROOT. Hooks: OnItemExpanding, which may
+  // veto, and OnItemExpanded; once for item, none for those below it. Result: 1 on success and when
+  // there is nothing to do.
+  int Expand(CVornTreeItem* item, unsigned int code);
+  // Opens the item's parents and scrolls it into view. 0 without a window.
+  int EnsureVisible(CVornTreeItem* item);
+  // Scrolls so that the item is the first row.
+  int SetFirstVisible(CVornTreeItem* item);
+  int SelectSetFirstVisible(CVornTreeItem* item);
+  // The place of an item that is on screen, as the last paint left it; empty and 0 otherwise.
+  int GetItemRect(CVornTreeItem* item, RECT* rect, int textOnly);
+
+  // --- Selection -----------------------------------------------------------------------------------
+
+  // By STSEL_ code.
+  int Select(CVornTreeItem* item, unsigned int code);
+  int SelectItem(CVornTreeItem* item, int keepOthers = 0);
+  int UnselectItem(CVornTreeItem* item);
+  void ClearSelection(CVornTreeItem* item);
+  void UpdateSelection(CVornTreeItem* item, unsigned int flags);
+  // The last selected item; both names are the same operation.
+  CVornTreeItem* GetSelectedItem();
+  CVornTreeItem* GetLastSelectedItem();
+  CVornTreeItem* GetItemHasFocus() const;
+  // Makes items share the manager's list. 0 and an empty array if nothing is selected.
+  int GetCurrentSelection(CVornTreeItemArray& items);
+  // STST_ bits. Returns the earlier type. A change of STST_BYDOCUMENTS replaces the manager.
+  unsigned int GetSelectionType() { return m_nSelectionType; }
+  unsigned int ModifySelectionType(unsigned int remove, unsigned int add);
+  // Exactly 1 turns on, any other value off.
+  void EnableMultipleSelection(int enable);
+  void EnableSelectionByDocuments(int enable);
+  void EnableClearSelectionWithEmptyArea(int enable);
+  int IsSingleSelection() { return HasSelectionType(STST_SINGLE); }
+  int IsMultipleSelection() { return HasSelectionType(STST_MULTIPLE); }
+  int IsSelectionByDocuments() { return HasSelectionType(STST_BYDOCUMENTS); }
+  int IsClearSelectionWithEmptyArea() { return HasSelectionType(STST_CLEARONEMPTY); }
+
+  // --- Permissions ---------------------------------------------------------------------------------
+
+  int CanDeleteItem(CVornTreeItem* item) { return IsAllow(item, STIS_NODELETE); }
+  int CanDragItem(CVornTreeItem* item) { return IsAllow(item, STIS_NODRAG); }
+  int CanDropItem(CVornTreeItem* item) { return IsAllow(item, STIS_NODROP); }
+  int CanDuplicateItem(CVornTreeItem* item) { return IsAllow(item, STIS_NODUPLICATE); }
+  int CanModifyItem(CVornTreeItem* item) { return IsAllow(item, STIS_NOMODIFY); }
+  int CanRenameItem(CVornTreeItem* item) { return IsAllow(item, STIS_NORENAME); }
+  int CanSelectItem(CVornTreeItem* item) { return IsAllow(item, STIS_NOSELECT); }
+  int CanUpdateItem(CVornTreeItem* item) { return IsAllow(item, STIS_NOUPDATE); }
+
+  // --- Virtual operations; the order of the slots is fixed -------------------------------------------
+
+  // Creates the window. style: WS_ and STS_ bits; WS_BORDER becomes WS_EX_CLIENTEDGE. rect: in the
+  // parent's client coordinates. Result: non-zero on success.
+  virtual int CreateTreeCtrl(unsigned long style, const RECT& rect, CWnd* parent, unsigned int id);
+  // Once for each new item, before its label is set: SetItemFont here has the label measured in it.
+  virtual void InitializeItemFont(CVornTreeItem* item);
+  virtual bool IsFocusRectVisible();
+  // Positions: rows on the vertical bar, pixels on the horizontal one. While redraw is held the
+  // position last stored is what GetScrollPos answers.
+  virtual int SetScrollPos(int bar, int pos, int redraw = TRUE);
+  virtual int GetScrollPos(int bar) const;
+  virtual int SetScrollInfo(int bar, SCROLLINFO* info, int redraw = TRUE);
+  virtual int GetScrollInfo(int bar, SCROLLINFO* info, unsigned int mask = SIF_ALL);
+  // Colours as set, or the system's.
+  virtual unsigned long GetBkColor();
+  virtual unsigned long GetTextHighlightColor();
+  virtual unsigned long GetHighlightColor();
+  // permission: a denial bit of STIS_. 0 refuses. All Can... operations ask here.
+  virtual int IsAllow(CVornTreeItem* item, unsigned long permission);
+
+  // --- Hooks; all return 1 in this class unless noted ------------------------------------------------
+
+  // Before the selection moves from old to item; 0 keeps it. The focus moves all the same.
+  virtual int OnSelChanging(CVornTreeItem* old, CVornTreeItem* item);
+  virtual int OnSelChanged(CVornTreeItem* old, CVornTreeItem* item);
+  // Before and after a range from old to item; 0 from the first keeps the selection.
+  virtual int OnMultiSelChanging(CVornTreeItem* old, CVornTreeItem* item);
+  virtual int OnMultiSelChanged(CVornTreeItem* old, CVornTreeItem* item);
+  // A press on the item's image; 0 ends the handling of the press.
+  virtual int OnItemIconClic(CVornTreeItem* item, int flags);
+  // Before and after Expand changes an item; 0 from the first leaves it as it is. The place to insert
+  // the children of an item with STIS_HASCHILDREN.
+  virtual int OnItemExpanding(CVornTreeItem* item);
+  virtual int OnItemExpanded(CVornTreeItem* item);
+  virtual int OnItemDblClk(CVornTreeItem* item);
+  // 0 vetoes the drag.
+  virtual int OnBeginDrag(CVornTreeItem* item, const CPoint& point);
+  // 0 refuses this target.
+  virtual int OnDragOver(CVornTreeItem* item);
+  // 0 cancels the drop.
+  virtual int OnBeginDrop(CVornTreeItemArray& items, CVornTreeItem* target, int copy, int flags);
+  // 0 skips this item.
+  virtual int OnDrop(CVornTreeItem* item, CVornTreeItem* target);
+  virtual int OnEndDrop();
+  // An item and all below it are about to go (DeleteItem); or all below it are, and it stays
+  // (DeleteAllItems; STI_ROOT for the whole tree).
+  virtual void OnDeleteItem(CVornTreeItem* item);
+  // 0 vetoes the edit.
+  virtual int OnBeginLabelEdit(CVornTreeItem* item);
+  // 0 drops the new text.
+  virtual int OnEndLabelEdit(CVornTreeItem* item, const wchar_t* text);
+  // 0 keeps the mark.
+  virtual int OnChecking(CVornTreeItem* item);
+  virtual int OnChecked(CVornTreeItem* item);
+  // Before a clearing; 0 stops it. The base class clears every document with STST_CLEARALLDOCS.
+  virtual int OnClearSelection(CVornTreeItem* item);
+  // Before another document, or none (null), becomes the active one; 0 refuses.
+  virtual int OnChangeActiveDoc(CVornTreeItem* old, CVornTreeItem* item);
+  virtual int OnDragAndDropFromTreeCtrl(int action, HWND source);
+  // 0, the default, takes no target.
+  virtual int OnSelectDropTargetFromTreeCtrl(NMDRAGANDDROP* info);
+  virtual int OnDropFromTreeCtrl(NMDRAGANDDROP* info);
+
+ protected:
+  // Links an unlinked item as InsertItem does. A bad place deletes the item and gives null.
+  CVornTreeItem* SetItemFamily(CVornTreeItem* item, CVornTreeItem* parent, CVornTreeItem* insertAfter);
+  // Sends WM_NOTIFY with an NMSTREE to the parent. 0 when the parent answers above 0, a veto.
+  int NotifyParent(unsigned int code, CVornTreeItem* item1, CVornTreeItem* item2);
+  void DetachImageList(VornTreeImageList which);
+  // Repaints the row of an item that is on screen; nothing while redraw is held.
+  void UpdateItem(CVornTreeItem* item, int updateNow);
+  // Lays out and repaints all; nothing while redraw is held.
+  void UpdateTree();
+  // Takes the client rectangle and sets the bars.
+  void CalcLayout();
+  void UpdateScrollBar();
+  // Measures the label into the item's height and text width; 1.
+  int GetItemSize(CVornTreeItem* item);
+  // The extent of all rows, in pixels; 1.
+  int GetSize(int& cx, int& cy);
+  // One step of the successor walk: down only with descend exactly 1, up not beyond stopParent.
+  CVornTreeItem* GetNextVisibleItem(CVornTreeItem* item, int descend, CVornTreeItem* stopParent) const;
+  void LoadConfiguration();
+
+  virtual void PreSubclassWindow() override;
+  virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+  afx_msg int OnCreate(LPCREATESTRUCTW create);
+  afx_msg void OnDestroy();
+  afx_msg void OnShowWindow(BOOL show, UINT status);
+  DECLARE_MESSAGE_MAP()
+
+ private:
+  friend class CVornTreeItem;
+  friend class CVornTreeOperations;
+  friend class CVornTreeOptions;
+  friend class CVornTreeSelection;
+  friend class CVornTreeMultiSelection;
+  friend struct VornTreeAccess;  // tests and fuzzers look inside through this
+
+  enum DefaultColorEntry { kDefaultBk, kDefaultText, kDefaultHighlight, kDefaultTextHighlight };
+  static COLORREF DefaultColor(DefaultColorEntry entry);
+  static void RefillDefaultColors();
+
+  int HasSelectionType(unsigned int bit) const { return (m_nSelectionType & bit) != 0; }
+  void SetSelectionTypeBit(unsigned int bit, int enable);
+  void ReplaceSelectionManager(CVornTreeItem* focus, bool rebuild);
+  void InvalidateAll(bool erase = true);
+  void SetColor(COLORREF& field, unsigned long color);
+  static unsigned long ColorOr(COLORREF field, DefaultColorEntry entry);
+  bool OwnsThread() const;
+  bool IsDocumentMode() const { return m_bDisplayOnlyActiveDoc != 0; }
+  CVornTreeItem* ResolveRoot(CVornTreeItem* item) const { return item == STI_ROOT ? m_pRoot : item; }
+  bool IsOwnItem(const CVornTreeItem* item) const;
+  bool IsPlaceValid(CVornTreeItem* requestedParent, CVornTreeItem* insertAfter) const;
+  void Place(CVornTreeItem* item, CVornTreeItem* parent, CVornTreeItem* insertAfter);
+  void ShowInsertion(CVornTreeItem* item, CVornTreeItem* parent);
+  void ApplyState(CVornTreeItem* item, const STITEM& record);
+  bool IsOnScreen(CVornTreeItem* prev, CVornTreeItem* next);
+  void ForgetSubtree(CVornTreeItem* item);
+  int EmptyTree();
+  CVornTreeItem* DropHighlight() const;
+  void CreateRoot();
+  void MakeOptionsCurrent();
+  void SelectDefaultFont();
+  void ReleaseRedrawDC();
+  void DeleteHelpers();
+
+  // The order of the fields is fixed.
+  CVornTreeOptions* m_pOptions = nullptr;      // owned
+  CVornTreeSelection* m_pSelection = nullptr;  // owned
+  unsigned int m_nSelectionType = 0;           // STST_ bits
+  CVornTreeToolTip* m_pToolTip = nullptr;      // owned
+  CVornTreeItem* m_pRoot = nullptr;            // owned, with all items
+  CVornTreeItem* m_pFirstDisplay = nullptr;    // may be stale: read through GetFirstDisplayItem
+  CVornTreeItem* m_pLastDisplay = nullptr;
+  CRect m_rcClient;
+  CVornTreeEdit* m_pEdit = nullptr;  // owned while editing
+  HIMAGELIST m_hImageList[STIL_COUNT] = {};
+  CSize m_szImage[STIL_COUNT];
+  CVornTreeItem* m_pHoverItem = nullptr;
+  int m_nDisplayCount = 0;
+  int m_nRedrawLock = 0;
+  int m_nExpandGuard = 0;
+  BOOL m_bNeedLayout = FALSE;
+  CVornTreeDrag* m_pDrag = nullptr;  // owned
+  POINT m_ptLastMouse{};
+  COLORREF m_clrBk = ST_CLR_NONE;
+  COLORREF m_clrText = ST_CLR_NONE;
+  COLORREF m_clrGrayText = ST_CLR_NONE;
+  COLORREF m_clrTextHighlight = ST_CLR_NONE;
+  COLORREF m_clrHighlight = ST_CLR_NONE;
+  COLORREF m_clrShowAlways = ST_CLR_NONE;
+  CFont m_Font;
+  int m_nDefaultHeight = 20;
+  int m_nSpare = 8;
+  unsigned int m_nIndent = 20;
+  CRect m_rcDrag;
+  int m_nLabelEditDuration = 1500;
+  BOOL m_bDisplayOnlyActiveDoc = FALSE;
+  CDC* m_pRedrawDC = nullptr;  // owned; holds a window DC while redraw is held
+  BOOL m_bAutoSelection = TRUE;
+  bool m_bFocusRectVisible = true;
+  int m_nScrollPosH = 0;  // pixels
+  int m_nScrollPosV = 0;  // rows
+  BOOL m_bMouseTracking = FALSE;
+  ItemSpacing m_nItemSpacing = SpacingNormal;
+  BOOL m_bHScrollVisible = FALSE;
+  BOOL m_bVScrollVisible = FALSE;
+};
