@@ -34,6 +34,8 @@ class LeakListener : public testing::EmptyTestEventListener {
     Expect("GDI objects", m_before.gdiObjects, after.gdiObjects);
     Expect("device contexts", m_before.dcs, after.dcs);
     Expect("timers", m_before.timers, after.timers);
+    Expect("menus", m_before.menus, after.menus);
+    Expect("image lists", m_before.imageLists, after.imageLists);
     support::CleanUpAfterTest();
   }
 

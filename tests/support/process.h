@@ -14,6 +14,8 @@ struct Alive {
   int gdiObjects = 0;
   int dcs = 0;
   int timers = 0;
+  int menus = 0;       // counted in memory only
+  int imageLists = 0;  // counted in memory only
 };
 Alive CountAlive();
 

@@ -10,9 +10,7 @@ void PrepareProcess() {}
 
 Alive CountAlive() {
   const desktop::LiveCounts live = desktop::CountLive();
-  return {live.windows, live.gdiObjects, live.dcs, live.timers};
+  return {live.windows, live.gdiObjects, live.dcs, live.timers, live.menus, live.imageLists};
 }
-
-void CleanUpAfterTest() { desktop::Reset(); }
 
 }  // namespace support
