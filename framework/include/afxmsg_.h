@@ -125,9 +125,6 @@ VORNFW_API BOOL UpdateDone(CCmdUI* command);
 #define ON_WM_DRAWITEM() \
   VORNFW_VOID(WM_DRAWITEM, OnDrawItem(static_cast<int>(call.wParam), vornfw::Pointer<LPDRAWITEMSTRUCT>(call)))
 
-// void OnDropFiles(HDROP hDropInfo)
-#define ON_WM_DROPFILES() VORNFW_VOID(WM_DROPFILES, OnDropFiles(reinterpret_cast<HDROP>(call.wParam)))
-
 // void OnEnable(BOOL bEnable)
 #define ON_WM_ENABLE() VORNFW_VOID(WM_ENABLE, OnEnable(call.wParam != 0))
 
@@ -155,9 +152,6 @@ VORNFW_API BOOL UpdateDone(CCmdUI* command);
 // void OnGetMinMaxInfo(MINMAXINFO* lpMMI)
 #define ON_WM_GETMINMAXINFO() \
   VORNFW_VOID(WM_GETMINMAXINFO, OnGetMinMaxInfo(vornfw::Pointer<MINMAXINFO*>(call)))
-
-// BOOL OnHelpInfo(HELPINFO* lpHelpInfo)
-#define ON_WM_HELPINFO() VORNFW_VALUE(WM_HELP, OnHelpInfo(vornfw::Pointer<HELPINFO*>(call)))
 
 // void OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
 #define ON_WM_HSCROLL()                                                            \
@@ -346,9 +340,6 @@ VORNFW_API BOOL UpdateDone(CCmdUI* command);
 
 // BOOL OnQueryEndSession()
 #define ON_WM_QUERYENDSESSION() VORNFW_VALUE(WM_QUERYENDSESSION, OnQueryEndSession())
-
-// BOOL OnQueryOpen()
-#define ON_WM_QUERYOPEN() VORNFW_VALUE(WM_QUERYOPEN, OnQueryOpen())
 
 // BOOL OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message)
 #define ON_WM_SETCURSOR()    \

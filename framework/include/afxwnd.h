@@ -209,7 +209,6 @@ class VORNFW_API CWnd : public CCmdTarget {
   static void PASCAL SetCaretPos(POINT point);
   void HideCaret();
   void ShowCaret();
-  void DragAcceptFiles(BOOL bAccept = TRUE);
 
   // --- Relations --------------------------------------------------------------------------------
 
@@ -331,7 +330,6 @@ class VORNFW_API CWnd : public CCmdTarget {
   afx_msg void OnDeleteItem(int nIDCtl, LPDELETEITEMSTRUCT lpDeleteItemStruct);
   afx_msg void OnDestroy();
   afx_msg void OnDrawItem(int nIDCtl, LPDRAWITEMSTRUCT lpDrawItemStruct);
-  afx_msg void OnDropFiles(HDROP hDropInfo);
   afx_msg void OnEnable(BOOL bEnable);
   afx_msg void OnEndSession(BOOL bEnding);
   afx_msg void OnEnterIdle(UINT nWhy, CWnd* pWho);
@@ -340,7 +338,6 @@ class VORNFW_API CWnd : public CCmdTarget {
   afx_msg void OnExitMenuLoop(BOOL bIsTrackPopupMenu);
   afx_msg UINT OnGetDlgCode();
   afx_msg void OnGetMinMaxInfo(MINMAXINFO* lpMMI);
-  afx_msg BOOL OnHelpInfo(HELPINFO* lpHelpInfo);
   afx_msg void OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
   afx_msg void OnInitMenu(CMenu* pMenu);
   afx_msg void OnInitMenuPopup(CMenu* pPopupMenu, UINT nIndex, BOOL bSysMenu);
@@ -389,7 +386,6 @@ class VORNFW_API CWnd : public CCmdTarget {
   afx_msg HCURSOR OnQueryDragIcon();
   afx_msg BOOL OnQueryEndSession();
   afx_msg BOOL OnQueryNewPalette();
-  afx_msg BOOL OnQueryOpen();
   afx_msg void OnRButtonDblClk(UINT nFlags, CPoint point);
   afx_msg void OnRButtonDown(UINT nFlags, CPoint point);
   afx_msg void OnRButtonUp(UINT nFlags, CPoint point);
