@@ -1,10 +1,69 @@
 // The state of a module (program or library) and the current one of a thread.
 #pragma once
 
-#include "afxtls_.h"
+#include "afx.h"
 
-class CDynLinkLibrary;
 class CWinApp;
+
+// One per extension module, a static object, filled by AfxInitExtensionModule in DllMain.
+struct AFX_EXTENSION_MODULE {
+  BOOL bInitialized = FALSE;
+  HINSTANCE hModule = nullptr;
+  HINSTANCE hResource = nullptr;
+  CRuntimeClass* pFirstSharedClass = nullptr;
+  void* pFirstSharedFactory = nullptr;
+};
+
+// At process attach: notes the module's handle in the record. TRUE on success; once is enough.
+VORNFW_API BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HINSTANCE hModule);
+// At process detach: takes the module's CDynLinkLibrary objects off every list and deletes them.
+VORNFW_API void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL bAll = FALSE);
+
+// Joins a module to the current module state's chain for as long as the object lives. Made with new and
+// never deleted by the module: the list owns it.
+class VORNFW_API CDynLinkLibrary : public CObject {
+  DECLARE_DYNAMIC(CDynLinkLibrary)
+
+ public:
+  explicit CDynLinkLibrary(AFX_EXTENSION_MODULE& state, BOOL bSystem = FALSE);
+  CDynLinkLibrary(HINSTANCE hModule, HINSTANCE hResource);
+  virtual ~CDynLinkLibrary();
+
+  HMODULE m_hModule;
+  HMODULE m_hResource;
+  BOOL m_bSystem;
+  CDynLinkLibrary* m_pNextDLL;
+};
+
+inline CDynLinkLibrary*& AfxNextInSimpleList(CDynLinkLibrary* p) { return p->m_pNextDLL; }
+
+// An intrusive list, newest first: it needs no memory and may outlive everything. The elements are
+// chained by the member that the pointer type's overload of AfxNextInSimpleList gives.
+template <class TYPE>
+class CTypedSimpleList {
+ public:
+  BOOL IsEmpty() const { return m_pHead == nullptr; }
+  TYPE GetHead() const { return m_pHead; }
+  TYPE GetNext(TYPE p) const { return AfxNextInSimpleList(p); }
+  operator TYPE() const { return m_pHead; }
+  void AddHead(TYPE p) {
+    AfxNextInSimpleList(p) = m_pHead;
+    m_pHead = p;
+  }
+  // TRUE if p was in the list.
+  BOOL Remove(TYPE p) {
+    for (TYPE* link = &m_pHead; *link != nullptr; link = &AfxNextInSimpleList(*link)) {
+      if (*link != p) continue;
+      *link = AfxNextInSimpleList(p);
+      return TRUE;
+    }
+    return FALSE;
+  }
+  void RemoveAll() { m_pHead = nullptr; }
+
+ private:
+  TYPE m_pHead = nullptr;
+};
 
 // What belongs to one module: its application object, where its resources lie, the extension modules
 // that joined it. The program's own state exists as soon as anything asks for it.

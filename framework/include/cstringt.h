@@ -133,7 +133,6 @@ class VORNFW_API CString {
   // instance the chain of modules is searched (AfxFindStringResourceHandle).
   BOOL LoadString(UINT nID);
   BOOL LoadString(HINSTANCE hInstance, UINT nID);
-  BOOL LoadString(HINSTANCE hInstance, UINT nID, WORD wLanguageID);
   BOOL GetEnvironmentVariable(LPCWSTR pszVar);
 
   friend VORNFW_API CString operator+(const CString& str1, const CString& str2);
