@@ -12,8 +12,12 @@ mkdir -p "$WINEPREFIX"
 exec 9>"$WINEPREFIX/.lock"
 flock 9
 # Services that Wine starts inherit our output; a reader of the pipe would then wait for them.
-quietly() { "$@" 9>&- </dev/null >/dev/null 2>&1; }
+# None of this takes long; a Wine that hangs must not hang all that wait for the lock.
+quietly() { timeout 120 "$@" 9>&- </dev/null >/dev/null 2>&1; }
 if [ ! -e "$WINEPREFIX/.ready" ]; then
+  # What is there was left by an attempt that was cut off.
+  quietly wineserver -k
+  rm -rf "$WINEPREFIX/drive_c" "$WINEPREFIX/dosdevices" "$WINEPREFIX"/*.reg "$WINEPREFIX/.update-timestamp"
   quietly wineboot -i
   quietly wineserver -w
   # Debian's Wine does not look for its own fonts outside the prefix.
