@@ -67,6 +67,8 @@ class VORNFW_API CWinThread : public CCmdTarget {
   BOOL m_bOwnsHandle;
 };
 
+// Start a thread of a function, or of a class derived from CWinThread. Null if the system refuses. All run
+// at the normal priority: nPriority is not used.
 VORNFW_API CWinThread* AfxBeginThread(AFX_THREADPROC pfnThreadProc, LPVOID pParam,
                                       int nPriority = THREAD_PRIORITY_NORMAL, UINT nStackSize = 0,
                                       DWORD dwCreateFlags = 0,
