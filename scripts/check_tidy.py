@@ -20,6 +20,7 @@ import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 CHECKED = ("desktop", "framework", "src", "gallery")
+UNKNOWN_TO_CLANG = ("-fpch-preprocess", "-Winvalid-pch", "-Werror")
 
 
 def commands(build):
@@ -43,7 +44,7 @@ def commands(build):
                 copy = copy.with_suffix(".hxx")
                 copy.write_text(pathlib.Path(word).read_text())
                 word = str(copy)
-            if word not in ("-fpch-preprocess", "-Winvalid-pch", "-Werror") and "sanitize" not in word:
+            if word not in UNKNOWN_TO_CLANG and not word.startswith(("-fsanitize", "-fno-sanitize")):
                 kept.append(word)
         found[source] = {"directory": entry["directory"], "file": str(source), "arguments": kept}
     return found
