@@ -41,7 +41,10 @@ HostWindow::HostWindow(HostOptions options) : m_options(std::move(options)) {
   m_window = window;
 }
 
-HostWindow::~HostWindow() { Destroy(); }
+HostWindow::~HostWindow() {
+  const Recorder::Mute mute;
+  Destroy();
+}
 
 void HostWindow::Destroy() {
   if (m_window) DestroyWindow(m_window);

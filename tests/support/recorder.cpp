@@ -77,6 +77,14 @@ class Recorder::Subclass {
 
 thread_local Recorder::Subclass* Recorder::Subclass::t_first = nullptr;
 
+namespace {
+thread_local int t_muted = 0;
+}
+
+Recorder::Mute::Mute() { ++t_muted; }
+
+Recorder::Mute::~Mute() { --t_muted; }
+
 Recorder::Recorder() { Everything(); }
 
 Recorder::~Recorder() {
@@ -108,7 +116,7 @@ bool Recorder::Wanted(UINT message) const {
 void Recorder::Note(const std::string& line) { m_lines.push_back(Trimmed(line)); }
 
 void Recorder::RecordMessage(const std::string& name, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (Wanted(message)) Note(name + " " + DescribeMessage(message, wParam, lParam));
+  if (t_muted == 0 && Wanted(message)) Note(name + " " + DescribeMessage(message, wParam, lParam));
 }
 
 void Recorder::Clear() { m_lines.clear(); }

@@ -51,6 +51,16 @@ class Recorder {
 
   std::string Text() const;
 
+  // While one lives nothing is recorded on this thread: what happens when a scene is taken down is
+  // not part of it.
+  class Mute {
+   public:
+    Mute();
+    ~Mute();
+    Mute(const Mute&) = delete;
+    Mute& operator=(const Mute&) = delete;
+  };
+
  private:
   class Subclass;
   bool Wanted(UINT message) const;
