@@ -235,7 +235,7 @@ int CString::Remove(wchar_t chRemove) {
   const int count = static_cast<int>(std::count(m_pszData, m_pszData + GetLength(), chRemove));
   if (count == 0) return 0;
   LPWSTR const buffer = GetBuffer();
-  std::remove(buffer, buffer + GetLength(), chRemove);
-  ReleaseBufferSetLength(GetLength() - count);
+  const LPCWSTR end = std::remove(buffer, buffer + GetLength(), chRemove);
+  ReleaseBufferSetLength(static_cast<int>(end - buffer));
   return count;
 }

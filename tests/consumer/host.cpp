@@ -13,7 +13,7 @@ class Panel : public CWnd {
   DECLARE_MESSAGE_MAP()
 };
 BEGIN_MESSAGE_MAP(Panel, CWnd)
-ON_WM_PAINT()
+  ON_WM_PAINT()
 END_MESSAGE_MAP()
 
 CWinApp theApp;
