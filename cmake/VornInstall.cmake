@@ -32,7 +32,8 @@ endfunction()
 
 # Gives target the name it has for users of the package, and its place in it.
 function(vorn_install_module target name include_dirs)
-  set_target_properties(${target} PROPERTIES EXPORT_NAME ${name} INSTALL_RPATH "$ORIGIN")
+  set_target_properties(${target} PROPERTIES EXPORT_NAME ${name} INSTALL_RPATH "$ORIGIN"
+    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
   foreach(dir ${include_dirs})
     target_include_directories(${target} INTERFACE $<INSTALL_INTERFACE:${dir}>)
   endforeach()
