@@ -1,4 +1,4 @@
-// What the rest of the desktop asks of menus, dialogs and controls.
+// What the window part asks of menus, dialogs and controls.
 #pragma once
 
 #include <windows.h>
@@ -9,12 +9,7 @@ namespace desktop {
 // To be called when the table of window classes is set up anew, before the first look-up. Lock held.
 void RegisterControlClasses();
 
-// Menus and accelerator tables alive.
-int LiveMenus();
-// Frees menus, accelerator tables and the clipboard, for a reset of the desktop. Lock held.
-void ResetControls();
-
-// A window is gone: the clipboard and menus forget it. Lock held.
+// A window is gone: its menus are destroyed, and what remembered it forgets it. Lock held.
 void ControlsForgetWindow(HWND window);
 
 }  // namespace desktop

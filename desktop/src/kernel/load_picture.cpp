@@ -54,7 +54,8 @@ bool ReadDib(const uint8_t* data, size_t size, PackedDib& dib) {
   const BITMAPINFOHEADER& header = dib.Header();
   if (header.biSize < sizeof(BITMAPINFOHEADER) || header.biSize > size || header.biPlanes != 1) return false;
   if (header.biBitCount == 0 || header.biBitCount > 32) return false;
-  const size_t masks = header.biCompression == BI_BITFIELDS && header.biSize == sizeof(BITMAPINFOHEADER) ? 12 : 0;
+  const size_t masks =
+      header.biCompression == BI_BITFIELDS && header.biSize == sizeof(BITMAPINFOHEADER) ? 12 : 0;
   dib.bitsAt = header.biSize + masks + dib.Colors() * sizeof(RGBQUAD);
   if (dib.bitsAt > size) return false;
   const size_t needed = BitsSize(header);
@@ -105,7 +106,9 @@ HBITMAP MakeStretched(HDC dc, PackedDib& dib, int cx, int cy) {
 bool IsMonochrome(PackedDib& dib) {
   if (dib.Header().biBitCount != 1 || dib.Colors() < 2) return false;
   const RGBQUAD* palette = dib.Palette();
-  const auto isGrey = [](const RGBQUAD& c, BYTE v) { return c.rgbRed == v && c.rgbGreen == v && c.rgbBlue == v; };
+  const auto isGrey = [](const RGBQUAD& c, BYTE v) {
+    return c.rgbRed == v && c.rgbGreen == v && c.rgbBlue == v;
+  };
   return (isGrey(palette[0], 0) && isGrey(palette[1], 255)) ||
          (isGrey(palette[0], 255) && isGrey(palette[1], 0));
 }

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <climits>
 #include <memory>
+#include <utility>
 #include <string>
 #include <vector>
 
@@ -24,9 +25,7 @@ std::vector<std::unique_ptr<Module>>& Modules() {
   return modules;
 }
 
-HINSTANCE HandleOf(const Module* module) {
-  return reinterpret_cast<HINSTANCE>(const_cast<Module*>(module));
-}
+HINSTANCE HandleOf(const Module* module) { return reinterpret_cast<HINSTANCE>(const_cast<Module*>(module)); }
 
 std::string ProgramPath() {
   char path[PATH_MAX];
@@ -41,7 +40,8 @@ std::wstring BaseName(const std::wstring& path) {
   const size_t dot = name.rfind(L'.');
   if (dot == std::wstring::npos) return name;
   const std::wstring extension = name.substr(dot);
-  const bool known = EqualNoCase(extension, L".dll") || EqualNoCase(extension, L".exe") || extension == L".so";
+  const bool known =
+      EqualNoCase(extension, L".dll") || EqualNoCase(extension, L".exe") || extension == L".so";
   return known || dot + 1 == name.size() ? name.substr(0, dot) : name;
 }
 

@@ -145,8 +145,7 @@ HRSRC FindResourceExW(HMODULE module, LPCWSTR type, LPCWSTR name, WORD language)
     SetLastError(ERROR_RESOURCE_DATA_NOT_FOUND);
     return nullptr;
   }
-  return reinterpret_cast<HRSRC>(
-      const_cast<ResourceRecord*>(desktop::Find(*found, type, name, language)));
+  return reinterpret_cast<HRSRC>(const_cast<ResourceRecord*>(desktop::Find(*found, type, name, language)));
 }
 
 HRSRC FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type) {

@@ -25,59 +25,110 @@ struct CursorPicture {
   Rows rows;
 };
 
-constexpr Rows kArrow = {"x", "xx", "xox", "xoox", "xooox", "xoooox", "xooooox", "xoooooox", "xooooooox",
-                         "xoooooooox", "xoooooxxxxx", "xooxoox", "xoxxxoox", "xx  xoox", "x    xoox", "     xoox",
-                         "      xoox", "      xoox", "       xx"};
+constexpr Rows kArrow = {"x",           "xx",         "xox",        "xoox",      "xooox",
+                         "xoooox",      "xooooox",    "xoooooox",   "xooooooox", "xoooooooox",
+                         "xoooooxxxxx", "xooxoox",    "xoxxxoox",   "xx  xoox",  "x    xoox",
+                         "     xoox",   "      xoox", "      xoox", "       xx"};
 constexpr Rows kBeam = {"xxx xxx", "   x", "   x", "   x", "   x", "   x", "   x", "   x",
                         "   x",    "   x", "   x", "   x", "   x", "   x", "   x", "xxx xxx"};
-constexpr Rows kWait = {"xxxxxxxxxxxxx", "xooooooooooox", "xxxxxxxxxxxxx", " xooooooooox", " xooooooooox",
-                        " xoxoxoxoxox", " xooxoxoxoox", "  xooxoxoox", "   xooxoox", "    xoxox",
-                        "    xooox", "    xoxox", "   xooxoox", "  xoooooxox", " xooooxoooox", " xoooxoxooox",
-                        " xooxoxoxoox", " xoxoxoxoxox", "xxxxxxxxxxxxx", "xooooooooooox", "xxxxxxxxxxxxx"};
-constexpr Rows kCross = {"         ", "        x", "        x", "        x", "        x", "        x",
+constexpr Rows kWait = {"xxxxxxxxxxxxx", "xooooooooooox", "xxxxxxxxxxxxx", " xooooooooox",  " xooooooooox",
+                        " xoxoxoxoxox",  " xooxoxoxoox",  "  xooxoxoox",   "   xooxoox",    "    xoxox",
+                        "    xooox",     "    xoxox",     "   xooxoox",    "  xoooooxox",   " xooooxoooox",
+                        " xoooxoxooox",  " xooxoxoxoox",  " xoxoxoxoxox",  "xxxxxxxxxxxxx", "xooooooooooox",
+                        "xxxxxxxxxxxxx"};
+constexpr Rows kCross = {"         ", "        x", "        x",        "        x", "        x", "        x",
                          "        x", "        x", " xxxxxxxxxxxxxxx", "        x", "        x", "        x",
-                         "        x", "        x", "        x", "        x"};
-constexpr Rows kUp = {"    x", "   xox", "  xooox", " xooooox", "xxxxoxxxx", "   xox", "   xox", "   xox", "   xox",
-                      "   xox", "   xox", "   xox", "   xox", "   xox", "   xox", "   xxx"};
-constexpr Rows kSizeNwse = {"xxxxxxx", "xooooox", "xoooox", "xooox", "xooxoox", "xox xoox", "xx   xoox   xx",
-                            "      xoox xox", "       xooxoox", "        xooox", "       xoooox", "      xooooox",
+                         "        x", "        x", "        x",        "        x"};
+constexpr Rows kUp = {"    x",  "   xox", "  xooox", " xooooox", "xxxxoxxxx", "   xox", "   xox", "   xox",
+                      "   xox", "   xox", "   xox",  "   xox",   "   xox",    "   xox", "   xox", "   xxx"};
+constexpr Rows kSizeNwse = {"xxxxxxx",        "xooooox",       "xoooox",         "xooox",
+                            "xooxoox",        "xox xoox",      "xx   xoox   xx", "      xoox xox",
+                            "       xooxoox", "        xooox", "       xoooox",  "      xooooox",
                             "      xxxxxxx"};
-constexpr Rows kSizeNesw = {"      xxxxxxx", "      xooooox", "       xoooox", "        xooox", "       xooxoox",
-                            "      xoox xox", "xx   xoox   xx", "xox xoox", "xooxoox", "xooox", "xoooox",
-                            "xooooox", "xxxxxxx"};
-constexpr Rows kSizeWe = {"    x         x", "   xx         xx", "  xox         xox", " xooxxxxxxxxxxxoox",
-                          "xoooooooooooooooox", " xooxxxxxxxxxxxoox", "  xox         xox", "   xx         xx",
-                          "    x         x"};
-constexpr Rows kSizeNs = {"    x", "   xox", "  xooox", " xooooox", "xxxxoxxxx", "   xox", "   xox", "   xox",
-                          "   xox", "   xox", "   xox", "   xox", "   xox", "xxxxoxxxx", " xooooox", "  xooox",
-                          "   xox", "    x"};
-constexpr Rows kSizeAll = {"          x", "         xox", "        xooox", "       xooooox", "      xxxxoxxxx",
-                           "    x    xox    x", "   xx    xox    xx", "  xox    xox    xox",
-                           " xooxxxxxxoxxxxxxoox", "xooooooooooooooooooox", " xooxxxxxxoxxxxxxoox",
-                           "  xox    xox    xox", "   xx    xox    xx", "    x    xox    x", "      xxxxoxxxx",
-                           "       xooooox", "        xooox", "         xox", "          x"};
-constexpr Rows kNo = {"      xxxxxx", "    xxxxxxxxxx", "   xxxx    xxxx", "  xxxxx      xxx", " xxx xxx      xxx",
-                      " xxx  xxx     xxx", "xxx    xxx     xxx", "xxx     xxx    xxx", "xxx      xxx   xxx",
-                      "xxx       xxx  xxx", " xxx       xxxxxx", " xxx        xxxxx", "  xxx        xxx",
-                      "   xxxx    xxxx", "    xxxxxxxxxx", "      xxxxxx"};
-constexpr Rows kHand = {"     xx", "    xoox", "    xoox", "    xoox", "    xoox", "    xooxxx", "    xooxooxxx",
-                        "    xooxooxooxx", "    xooxooxooxox", "xxx xooooooooxoox", "xooxxoooooooooooox",
-                        "xoooxoooooooooooox", " xooxoooooooooooox", "  xoooooooooooooox", "  xoooooooooooooox",
-                        "   xooooooooooox", "   xooooooooooox", "    xooooooooox", "    xooooooooox", "    xxxxxxxxxxx"};
-constexpr Rows kHelp = {"x", "xx        oxxxxo", "xox      oxxooxxo", "xoox     oxxooxxo", "xooox     oooxxo",
-                        "xoooox      oxxo", "xooooox    oxxo", "xoooooox   oxxo", "xooooooox   oo",
-                        "xoooooooox oxxo", "xoooooxxxxxoxxo", "xooxoox     oo", "xoxxxoox", "xx  xoox", "x    xoox",
-                        "     xoox", "      xoox", "      xoox", "       xx"};
-constexpr Rows kStarting = {"x           xxxxxxx", "xx          xooooox", "xox          xooox", "xoox         xoxox",
-                            "xooox         xox", "xoooox       xooox", "xooooox      xoxox", "xoooooox    xooooox",
-                            "xooooooox   xxxxxxx", "xoooooooox", "xoooooxxxxx", "xooxoox", "xoxxxoox", "xx  xoox",
-                            "x    xoox", "     xoox", "      xoox", "      xoox", "       xx"};
+constexpr Rows kSizeNesw = {"      xxxxxxx",  "      xooooox",  "       xoooox",  "        xooox",
+                            "       xooxoox", "      xoox xox", "xx   xoox   xx", "xox xoox",
+                            "xooxoox",        "xooox",          "xoooox",         "xooooox",
+                            "xxxxxxx"};
+constexpr Rows kSizeWe = {"    x         x",    "   xx         xx",   "  xox         xox",
+                          " xooxxxxxxxxxxxoox", "xoooooooooooooooox", " xooxxxxxxxxxxxoox",
+                          "  xox         xox",  "   xx         xx",   "    x         x"};
+constexpr Rows kSizeNs = {"    x",  "   xox",    "  xooox",  " xooooox", "xxxxoxxxx", "   xox",
+                          "   xox", "   xox",    "   xox",   "   xox",   "   xox",    "   xox",
+                          "   xox", "xxxxoxxxx", " xooooox", "  xooox",  "   xox",    "    x"};
+constexpr Rows kSizeAll = {
+    "          x",          "         xox",          "        xooox",        "       xooooox",
+    "      xxxxoxxxx",      "    x    xox    x",     "   xx    xox    xx",   "  xox    xox    xox",
+    " xooxxxxxxoxxxxxxoox", "xooooooooooooooooooox", " xooxxxxxxoxxxxxxoox", "  xox    xox    xox",
+    "   xx    xox    xx",   "    x    xox    x",     "      xxxxoxxxx",      "       xooooox",
+    "        xooox",        "         xox",          "          x"};
+constexpr Rows kNo = {"      xxxxxx",       "    xxxxxxxxxx",     "   xxxx    xxxx",    "  xxxxx      xxx",
+                      " xxx xxx      xxx",  " xxx  xxx     xxx",  "xxx    xxx     xxx", "xxx     xxx    xxx",
+                      "xxx      xxx   xxx", "xxx       xxx  xxx", " xxx       xxxxxx",  " xxx        xxxxx",
+                      "  xxx        xxx",   "   xxxx    xxxx",    "    xxxxxxxxxx",     "      xxxxxx"};
+constexpr Rows kHand = {"     xx",
+                        "    xoox",
+                        "    xoox",
+                        "    xoox",
+                        "    xoox",
+                        "    xooxxx",
+                        "    xooxooxxx",
+                        "    xooxooxooxx",
+                        "    xooxooxooxox",
+                        "xxx xooooooooxoox",
+                        "xooxxoooooooooooox",
+                        "xoooxoooooooooooox",
+                        " xooxoooooooooooox",
+                        "  xoooooooooooooox",
+                        "  xoooooooooooooox",
+                        "   xooooooooooox",
+                        "   xooooooooooox",
+                        "    xooooooooox",
+                        "    xooooooooox",
+                        "    xxxxxxxxxxx"};
+constexpr Rows kHelp = {"x",
+                        "xx        oxxxxo",
+                        "xox      oxxooxxo",
+                        "xoox     oxxooxxo",
+                        "xooox     oooxxo",
+                        "xoooox      oxxo",
+                        "xooooox    oxxo",
+                        "xoooooox   oxxo",
+                        "xooooooox   oo",
+                        "xoooooooox oxxo",
+                        "xoooooxxxxxoxxo",
+                        "xooxoox     oo",
+                        "xoxxxoox",
+                        "xx  xoox",
+                        "x    xoox",
+                        "     xoox",
+                        "      xoox",
+                        "      xoox",
+                        "       xx"};
+constexpr Rows kStarting = {"x           xxxxxxx",
+                            "xx          xooooox",
+                            "xox          xooox",
+                            "xoox         xoxox",
+                            "xooox         xox",
+                            "xoooox       xooox",
+                            "xooooox      xoxox",
+                            "xoooooox    xooooox",
+                            "xooooooox   xxxxxxx",
+                            "xoooooooox",
+                            "xoooooxxxxx",
+                            "xooxoox",
+                            "xoxxxoox",
+                            "xx  xoox",
+                            "x    xoox",
+                            "     xoox",
+                            "      xoox",
+                            "      xoox",
+                            "       xx"};
 
 constexpr CursorPicture kCursors[] = {
-    {OCR_NORMAL, 0, 0, kArrow},       {OCR_IBEAM, 3, 8, kBeam},        {OCR_WAIT, 6, 10, kWait},
-    {OCR_CROSS, 8, 8, kCross},        {OCR_UP, 4, 0, kUp},             {OCR_SIZENWSE, 6, 6, kSizeNwse},
-    {OCR_SIZENESW, 6, 6, kSizeNesw},  {OCR_SIZEWE, 8, 4, kSizeWe},     {OCR_SIZENS, 4, 8, kSizeNs},
-    {OCR_SIZEALL, 10, 9, kSizeAll},   {OCR_NO, 8, 8, kNo},             {OCR_HAND, 5, 0, kHand},
+    {OCR_NORMAL, 0, 0, kArrow},         {OCR_IBEAM, 3, 8, kBeam},    {OCR_WAIT, 6, 10, kWait},
+    {OCR_CROSS, 8, 8, kCross},          {OCR_UP, 4, 0, kUp},         {OCR_SIZENWSE, 6, 6, kSizeNwse},
+    {OCR_SIZENESW, 6, 6, kSizeNesw},    {OCR_SIZEWE, 8, 4, kSizeWe}, {OCR_SIZENS, 4, 8, kSizeNs},
+    {OCR_SIZEALL, 10, 9, kSizeAll},     {OCR_NO, 8, 8, kNo},         {OCR_HAND, 5, 0, kHand},
     {OCR_APPSTARTING, 0, 0, kStarting}, {OCR_HELP, 0, 0, kHelp},
 };
 
@@ -89,12 +140,9 @@ struct IconPicture {
 };
 
 constexpr IconPicture kIcons[] = {
-    {OIC_SAMPLE, RGB(255, 255, 255), 0},
-    {OIC_HAND, RGB(192, 0, 0), L'X'},
-    {OIC_QUES, RGB(0, 64, 192), L'?'},
-    {OIC_BANG, RGB(255, 208, 0), L'!'},
-    {OIC_NOTE, RGB(0, 64, 192), L'i'},
-    {OIC_WINLOGO, RGB(255, 255, 255), 0},
+    {OIC_SAMPLE, RGB(255, 255, 255), 0}, {OIC_HAND, RGB(192, 0, 0), L'X'},
+    {OIC_QUES, RGB(0, 64, 192), L'?'},   {OIC_BANG, RGB(255, 208, 0), L'!'},
+    {OIC_NOTE, RGB(0, 64, 192), L'i'},   {OIC_WINLOGO, RGB(255, 255, 255), 0},
 };
 
 void DrawGround(HDC dc, const IconPicture& icon) {
@@ -156,7 +204,9 @@ void DrawInto(HBITMAP bitmap, const IconPicture& icon, bool mask) {
   SetDCBrushColor(dc, icon.ground);
   DrawGround(dc, icon);
   if (!mask) {
-    const COLORREF ink = icon.symbol == L'!' ? RGB(0, 0, 0) : icon.symbol ? RGB(255, 255, 255) : RGB(10, 36, 106);
+    const COLORREF ink = icon.symbol == L'!' ? RGB(0, 0, 0)
+                         : icon.symbol       ? RGB(255, 255, 255)
+                                             : RGB(10, 36, 106);
     SetDCPenColor(dc, ink);
     SetDCBrushColor(dc, ink);
     DrawSymbol(dc, icon.symbol);
