@@ -81,6 +81,7 @@ bool OpenHere() {
 
 }  // namespace desktop
 
+using desktop::kFirstRegisteredFormat;
 using desktop::OpenHere;
 using desktop::TheClipboard;
 using desktop::WorldLock;
