@@ -17,6 +17,8 @@
 // Without a window all operations on items work; nothing is drawn and no bar is set.
 #pragma once
 
+#include <afxcmn.h>
+
 #include "../core/VornComCtlApi.h"
 #include "../core/VornItemArrays.h"
 #include "VornTreeTypes.h"

@@ -5,6 +5,7 @@
 
 #include <new>
 
+#include "../../core/ItemPool.h"
 #include "../../core/VornItemArrays.h"
 #include "../VornTreeTypes.h"
 
@@ -143,7 +144,7 @@ class CVornTreeItem {
   unsigned int m_nExtFlags = 0;
   unsigned __int64 m_nData = 0;
   int m_bLockedVisible = 1;  // the visibility to come back to while it is locked
-  unsigned int m_nMagic;     // kMagic while the item lives
+  alignas(vorn::ItemPool::kMagicAlignment) unsigned int m_nMagic;  // kMagic while the item lives
 
   static constexpr unsigned int kMagic = 0x19790316;
 
@@ -153,5 +154,9 @@ class CVornTreeItem {
   void CopyOwnFields(const CVornTreeItem* source);
 };
 
+static_assert(sizeof(CVornTreeItem) == vorn::ItemPool::kSlotSize);
+
 // Whether p is a live item. Null, the sentinels, dead items and foreign pointers are not.
-bool IsItemValid(const CVornTreeItem* p);
+inline bool IsItemValid(const CVornTreeItem* p) {
+  return vorn::ItemPool::ReadMagic(p) == CVornTreeItem::kMagic;
+}

@@ -1,0 +1,12 @@
+// The library's one header for hosts.
+#pragma once
+
+#include "core/VornComCtlApi.h"
+#include "core/VornFunctions.h"
+#include "core/VornArray.h"
+#include "core/VornSortedArray.h"
+#include "core/VornItemArrays.h"
+#include "tree/VornTreeTypes.h"
+#include "tree/VornTreeCtrl.h"
+#include "paint/VornDC.h"
+#include "options/VornTreeOptions.h"

@@ -1,0 +1,175 @@
+#include "ItemPool.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cstring>
+#include <new>
+#include <thread>
+
+#ifdef VORN_POISONS_ITEMS
+#include <sanitizer/asan_interface.h>
+#endif
+
+namespace vorn {
+
+namespace {
+
+#ifdef VORN_POISONS_ITEMS
+void Poison(std::uintptr_t memory, std::size_t size) {
+  ASAN_POISON_MEMORY_REGION(reinterpret_cast<void*>(memory), size);
+}
+void Unpoison(std::uintptr_t memory, std::size_t size) {
+  ASAN_UNPOISON_MEMORY_REGION(reinterpret_cast<void*>(memory), size);
+}
+#define VORN_TOUCHES_DEAD __attribute__((no_sanitize_address))
+#else
+void Poison(std::uintptr_t, std::size_t) {}
+void Unpoison(std::uintptr_t, std::size_t) {}
+#define VORN_TOUCHES_DEAD
+#endif
+
+constexpr std::size_t kWordSize = sizeof(unsigned int);
+
+// The first chunk has this size; later ones a quarter of all before, so that there are few of them and
+// little lies idle.
+constexpr std::size_t kSmallestChunk = 64 * 1024;
+constexpr std::size_t kMostChunks = 128;
+
+struct Chunk {
+  std::uintptr_t begin = 0;
+  std::uintptr_t end = 0;
+  std::atomic<std::uintptr_t> used{0};  // slots below were handed out at least once
+};
+
+// Chunks are only ever added, so that a reader needs no lock.
+constinit Chunk g_chunks[kMostChunks];
+constinit std::atomic<std::size_t> g_chunkCount{0};
+constinit std::size_t g_totalSize = 0;
+
+// Dead slots, oldest first, linked through their first word.
+constinit void* g_oldestDead = nullptr;
+constinit void* g_newestDead = nullptr;
+constinit std::size_t g_deadCount = 0;
+
+constinit std::atomic<std::size_t> g_liveCount{0};
+
+VORN_TOUCHES_DEAD void SetNext(void* slot, void* next) { *static_cast<void**>(slot) = next; }
+VORN_TOUCHES_DEAD void* GetNext(void* slot) { return *static_cast<void**>(slot); }
+
+// Held for a few instructions at a time, so waiting is spinning.
+class PoolLock {
+ public:
+  PoolLock() {
+    while (s_busy.test_and_set(std::memory_order_acquire)) std::this_thread::yield();
+  }
+  ~PoolLock() { s_busy.clear(std::memory_order_release); }
+  PoolLock(const PoolLock&) = delete;
+  PoolLock& operator=(const PoolLock&) = delete;
+
+ private:
+  static constinit inline std::atomic_flag s_busy;
+};
+
+bool AddChunk() {
+  const std::size_t count = g_chunkCount.load(std::memory_order_relaxed);
+  if (count == kMostChunks) return false;
+  const std::size_t size = std::max(kSmallestChunk, g_totalSize / 4);
+  void* const memory = ::operator new(size, std::nothrow);
+  if (!memory) return false;
+  Chunk& chunk = g_chunks[count];
+  chunk.begin = reinterpret_cast<std::uintptr_t>(memory);
+  chunk.end = chunk.begin + size;
+  chunk.used.store(chunk.begin, std::memory_order_relaxed);
+  Poison(chunk.begin, size);
+  g_totalSize += size;
+  g_chunkCount.store(count + 1, std::memory_order_release);
+  return true;
+}
+
+void* TakeFresh() {
+  for (;;) {
+    const std::size_t count = g_chunkCount.load(std::memory_order_relaxed);
+    if (count > 0) {
+      Chunk& newest = g_chunks[count - 1];
+      const std::uintptr_t slot = NextUsableSlot(newest.used, newest.end, ItemPool::kSlotSize);
+      if (slot) {
+        Unpoison(slot, ItemPool::kSlotSize);
+        std::memset(reinterpret_cast<char*>(slot) + ItemPool::kMagicOffset, 0, kWordSize);
+        newest.used.store(slot + ItemPool::kSlotSize, std::memory_order_release);
+        return reinterpret_cast<void*>(slot);
+      }
+    }
+    if (!AddChunk()) return nullptr;
+  }
+}
+
+void* TakeOldestDead() {
+  void* const slot = g_oldestDead;
+  g_oldestDead = GetNext(slot);
+  --g_deadCount;
+  Unpoison(reinterpret_cast<std::uintptr_t>(slot), ItemPool::kSlotSize);
+  return slot;
+}
+
+}  // namespace
+
+void* ItemPool::Allocate(std::size_t size) noexcept {
+  if (size != kSlotSize) return nullptr;
+  PoolLock lock;
+  void* const slot = g_deadCount > kQuarantine ? TakeOldestDead() : TakeFresh();
+  if (slot) g_liveCount.fetch_add(1, std::memory_order_relaxed);
+  return slot;
+}
+
+void ItemPool::Free(void* slot) noexcept {
+  if (!slot) return;
+  const std::uintptr_t address = reinterpret_cast<std::uintptr_t>(slot);
+  PoolLock lock;
+  std::memset(static_cast<char*>(slot) + kMagicOffset, 0, kWordSize);
+  SetNext(slot, nullptr);
+  Poison(address, kMagicOffset);
+  Poison(address + kMagicOffset + kWordSize, kSlotSize - kMagicOffset - kWordSize);
+  if (g_deadCount > 0) {
+    SetNext(g_newestDead, slot);
+  } else {
+    g_oldestDead = slot;
+  }
+  g_newestDead = slot;
+  ++g_deadCount;
+  g_liveCount.fetch_sub(1, std::memory_order_relaxed);
+}
+
+bool ItemPool::Contains(const void* p) noexcept {
+  const std::uintptr_t address = reinterpret_cast<std::uintptr_t>(p);
+  if (LooksLikePlace(address)) return false;
+  for (std::size_t i = g_chunkCount.load(std::memory_order_acquire); i-- > 0;) {
+    const Chunk& chunk = g_chunks[i];
+    if (address < chunk.begin || address >= chunk.end) continue;
+    return address < chunk.used.load(std::memory_order_acquire) && (address - chunk.begin) % kSlotSize == 0;
+  }
+  return false;
+}
+
+unsigned int ItemPool::ReadMagic(const void* p) noexcept {
+  if (!Contains(p)) return 0;
+  unsigned int magic;
+  std::memcpy(&magic, static_cast<const char*>(p) + kMagicOffset, kWordSize);
+  return magic;
+}
+
+std::size_t ItemPool::LiveCount() noexcept { return g_liveCount.load(std::memory_order_relaxed); }
+
+void ItemPool::ReleaseIfUnused() noexcept {
+  PoolLock lock;
+  if (LiveCount() > 0) return;
+  const std::size_t count = g_chunkCount.exchange(0, std::memory_order_acq_rel);
+  for (std::size_t i = 0; i < count; ++i) {
+    Unpoison(g_chunks[i].begin, g_chunks[i].end - g_chunks[i].begin);
+    ::operator delete(reinterpret_cast<void*>(g_chunks[i].begin));
+  }
+  g_totalSize = 0;
+  g_oldestDead = g_newestDead = nullptr;
+  g_deadCount = 0;
+}
+
+}  // namespace vorn
