@@ -39,7 +39,6 @@ function(vorn_install_module target name include_dirs)
     target_include_directories(${target} INTERFACE $<INSTALL_INTERFACE:${dir}>)
   endforeach()
   target_compile_features(${target} PUBLIC cxx_std_20)
-  target_compile_definitions(${target} INTERFACE UNICODE _UNICODE)
   install(TARGETS ${target} EXPORT VornComCtlTargets
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
@@ -50,10 +49,11 @@ set(VORN_ROOT ${PROJECT_SOURCE_DIR})
 set(VORN_PC_INCLUDES "-I\${includedir}/vorncomctl -I\${includedir}/vorncomctl/framework")
 if(WIN32)
   # The linker passes over -lname for an import library when it links statically.
-  set(VORN_PC_LIBS "\${libdir}/libVornComCtl.dll.a \${libdir}/libVornFramework.dll.a -static")
+  set(VORN_PC_LIBS "-L\${libdir} \${libdir}/libVornComCtl.dll.a -lVornFrameworkEntry \
+\${libdir}/libVornFramework.dll.a -lcomctl32 -lgdi32 -lcomdlg32 -lmsimg32 -static")
 else()
   set(VORN_PC_INCLUDES "${VORN_PC_INCLUDES} -I\${includedir}/vorncomctl/win32")
-  set(VORN_PC_LIBS "-L\${libdir} -lVornComCtl -lVornFramework -lVornDesktop -pthread")
+  set(VORN_PC_LIBS "-L\${libdir} -lVornComCtl -lVornFrameworkEntry -lVornFramework -lVornDesktop -pthread")
   vorn_install_module(VornDesktop Desktop "${VORN_INCLUDE_DIR};${VORN_INCLUDE_DIR}/win32")
   install(DIRECTORY ${VORN_ROOT}/desktop/include/ DESTINATION ${VORN_INCLUDE_DIR}/win32)
   install(FILES ${VORN_ROOT}/desktop/desktop.h ${VORN_ROOT}/desktop/module.h
