@@ -1,0 +1,25 @@
+// Fonts as the drawing code sees them. All of it expects that the lock is held.
+#pragma once
+
+#include <memory>
+
+#include <windows.h>
+
+#include "object.h"
+
+namespace desktop {
+
+class DeviceContext;
+class Typeface;
+
+struct Font : GdiObject {
+  explicit Font(const LOGFONTW& description) : GdiObject(OBJ_FONT), log(description) {}
+  int Describe(int size, void* buffer) const override { return DescribeAs(&log, sizeof(log), size, buffer); }
+
+  LOGFONTW log;
+  std::shared_ptr<const Typeface> typeface;  // made on first use
+};
+
+std::unique_ptr<Font> MakeFont(const LOGFONTW& description);
+
+}  // namespace desktop
