@@ -38,8 +38,8 @@ class CLoopWnd : public CWnd {
 };
 
 BEGIN_MESSAGE_MAP(CLoopWnd, CWnd)
-ON_MESSAGE(WM_APP, &CLoopWnd::OnUser)
-ON_MESSAGE_VOID(WM_IDLEUPDATECMDUI, &CLoopWnd::OnIdleUpdate)
+  ON_MESSAGE(WM_APP, &CLoopWnd::OnUser)
+  ON_MESSAGE_VOID(WM_IDLEUPDATECMDUI, &CLoopWnd::OnIdleUpdate)
 END_MESSAGE_MAP()
 
 bool Create(CLoopWnd& window) {
@@ -275,7 +275,7 @@ class CLoopThread : public CWinThread {
 IMPLEMENT_DYNCREATE(CLoopThread, CWinThread)
 
 BEGIN_MESSAGE_MAP(CLoopThread, CWinThread)
-ON_THREAD_MESSAGE(WM_APP, &CLoopThread::OnWork)
+  ON_THREAD_MESSAGE(WM_APP, &CLoopThread::OnWork)
 END_MESSAGE_MAP()
 
 TEST(CoreThread, ALoopTakesMessagesPostedToTheThread) {

@@ -1,7 +1,11 @@
 // Run-time classes and exceptions.
-#include <afx.h>
+#include <afxcoll.h>
 
 #include <gtest/gtest.h>
+
+#include <climits>
+#include <cstdint>
+#include <memory>
 
 #include "extension/extension.h"
 #include "test_app.h"
@@ -195,12 +199,13 @@ TEST(CoreException, ReportsThroughTheMessageBox) {
   TheApp().m_onMessageBox = nullptr;
 }
 
-TEST(CoreObject, AbsurdAllocationRaisesTheMemoryException) {
-  EXPECT_THROW(CObject::operator new(PTRDIFF_MAX), CMemoryException*);
-  EXPECT_EQ(nullptr, CObject::operator new(PTRDIFF_MAX, std::nothrow));
+TEST(CoreException, AbsurdSizesRaiseTheMemoryException) {
   CString text;
   EXPECT_THROW(text.GetBuffer(INT_MAX), CMemoryException*);
   EXPECT_TRUE(text.IsEmpty());
+  CDWordArray array;
+  EXPECT_THROW(array.SetSize(PTRDIFF_MAX), CMemoryException*);
+  EXPECT_EQ(0, array.GetSize());
 }
 
 }  // namespace
