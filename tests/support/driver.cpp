@@ -1,7 +1,6 @@
 #include "support/driver.h"
 
 #include <cstdlib>
-#include <map>
 #include <utility>
 
 namespace support {
@@ -256,15 +255,23 @@ struct Later::State {
   std::function<void()> action;
   UINT_PTR timer = 0;
   bool done = false;
+  State* next = nullptr;
 
-  static thread_local std::map<UINT_PTR, State*> t_armed;
+  static thread_local State* t_first;
+
+  // Takes the one with the timer out of the list; null when there is none.
+  static State* Take(UINT_PTR id) {
+    State** link = &t_first;
+    while (*link && (*link)->timer != id) link = &(*link)->next;
+    State* const state = *link;
+    if (state) *link = state->next;
+    return state;
+  }
 
   static void CALLBACK Due(HWND, UINT, UINT_PTR id, DWORD) {
     KillTimer(nullptr, id);
-    const auto found = t_armed.find(id);
-    if (found == t_armed.end()) return;
-    State* const state = found->second;
-    t_armed.erase(found);
+    State* const state = Take(id);
+    if (!state) return;
     state->timer = 0;
     state->done = true;
     // A copy: the action may end the object.
@@ -273,18 +280,19 @@ struct Later::State {
   }
 };
 
-thread_local std::map<UINT_PTR, Later::State*> Later::State::t_armed;
+thread_local Later::State* Later::State::t_first = nullptr;
 
 Later::Later(int milliseconds, std::function<void()> action) : m_state(std::make_unique<State>()) {
   m_state->action = std::move(action);
   m_state->timer = SetTimer(nullptr, 0, static_cast<UINT>(milliseconds), State::Due);
-  State::t_armed[m_state->timer] = m_state.get();
+  m_state->next = State::t_first;
+  State::t_first = m_state.get();
 }
 
 Later::~Later() {
   if (!m_state->timer) return;
   KillTimer(nullptr, m_state->timer);
-  State::t_armed.erase(m_state->timer);
+  State::Take(m_state->timer);
 }
 
 bool Later::Done() const { return m_state->done; }

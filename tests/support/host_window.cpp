@@ -1,14 +1,12 @@
 #include "support/host_window.h"
 
-#include <unordered_map>
-
 #include "support/recorder.h"
 
 namespace support {
 namespace {
 
-// Windows receive messages on the thread that made them only.
-thread_local std::unordered_map<HWND, HostWindow*> t_hosts;
+// The windows of this thread: they receive their messages here and nowhere else.
+thread_local HostWindow* t_first = nullptr;
 // Some messages come before the handle is known to anyone.
 thread_local HostWindow* t_creating = nullptr;
 
@@ -51,22 +49,29 @@ void HostWindow::Destroy() {
 }
 
 LRESULT CALLBACK HostWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  auto found = t_hosts.find(window);
-  if (found == t_hosts.end()) {
-    if (!t_creating) return DefWindowProcW(window, message, wParam, lParam);
-    found = t_hosts.emplace(window, t_creating).first;
-    t_creating->m_window = window;
+  HostWindow* host = t_first;
+  while (host && host->m_window != window) host = host->m_next;
+  if (!host) {
+    host = t_creating;
+    if (!host) return DefWindowProcW(window, message, wParam, lParam);
     t_creating = nullptr;
+    host->m_window = window;
+    host->m_next = t_first;
+    t_first = host;
   }
-  return found->second->Receive(window, message, wParam, lParam);
+  return host->Receive(window, message, wParam, lParam);
+}
+
+void HostWindow::Forget() {
+  HostWindow** link = &t_first;
+  while (*link && *link != this) link = &(*link)->m_next;
+  if (*link) *link = m_next;
+  m_window = nullptr;
 }
 
 LRESULT HostWindow::Receive(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (m_options.log) m_options.log->RecordMessage(m_options.name, message, wParam, lParam);
-  if (message == WM_NCDESTROY) {
-    t_hosts.erase(window);
-    m_window = nullptr;
-  }
+  if (message == WM_NCDESTROY) Forget();
   if (m_options.handler) {
     // A copy: the handler may replace itself.
     const Handler handler = m_options.handler;

@@ -51,9 +51,11 @@ class HostWindow {
  private:
   static LRESULT CALLBACK Procedure(HWND, UINT, WPARAM, LPARAM);
   LRESULT Receive(HWND, UINT, WPARAM, LPARAM);
+  void Forget();
 
   HostOptions m_options;
   HWND m_window = nullptr;
+  HostWindow* m_next = nullptr;
 };
 
 }  // namespace support

@@ -8,6 +8,9 @@ namespace support {
 // Gives the process a desktop of its own and keeps crash boxes away. Before any window is made.
 void PrepareProcess();
 
+// Puts a new thread on the process's desktop. Before the thread makes a window.
+void PrepareThread();
+
 // What is alive at this moment. Two snapshots around a test tell what the test left behind.
 struct Alive {
   int windows = 0;

@@ -8,6 +8,8 @@ namespace support {
 
 void PrepareProcess() {}
 
+void PrepareThread() {}
+
 Alive CountAlive() {
   const desktop::LiveCounts live = desktop::CountLive();
   return {live.windows, live.gdiObjects, live.dcs, live.timers, live.menus, live.imageLists};

@@ -9,6 +9,8 @@
 namespace support {
 namespace {
 
+HDESK g_desktop = nullptr;
+
 // The process's table of GDI handles, as documented by debuggers: 65536 entries, shared.
 struct GdiEntry {
   std::uint64_t object;
@@ -44,9 +46,12 @@ void PrepareProcess() {
   SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
   SetConsoleOutputCP(CP_UTF8);
   const std::wstring name = L"vorn-test-" + std::to_wstring(GetCurrentProcessId());
-  if (const HDESK desk = CreateDesktopW(name.c_str(), nullptr, nullptr, 0, GENERIC_ALL, nullptr)) {
-    SetThreadDesktop(desk);
-  }
+  g_desktop = CreateDesktopW(name.c_str(), nullptr, nullptr, 0, GENERIC_ALL, nullptr);
+  PrepareThread();
+}
+
+void PrepareThread() {
+  if (g_desktop) SetThreadDesktop(g_desktop);
 }
 
 Alive CountAlive() {

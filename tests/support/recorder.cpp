@@ -113,10 +113,12 @@ bool Recorder::Wanted(UINT message) const {
   return m_only.empty() ? !in(m_except) : in(m_only);
 }
 
-void Recorder::Note(const std::string& line) { m_lines.push_back(Trimmed(line)); }
+void Recorder::Note(const std::string& line) {
+  if (t_muted == 0) m_lines.push_back(Trimmed(line));
+}
 
 void Recorder::RecordMessage(const std::string& name, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (t_muted == 0 && Wanted(message)) Note(name + " " + DescribeMessage(message, wParam, lParam));
+  if (Wanted(message)) Note(name + " " + DescribeMessage(message, wParam, lParam));
 }
 
 void Recorder::Clear() { m_lines.clear(); }
