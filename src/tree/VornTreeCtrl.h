@@ -379,6 +379,8 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   CVornTreeItem* GetNextVisibleItem(CVornTreeItem* item, int descend, CVornTreeItem* stopParent) const;
   void LoadConfiguration();
 
+  static constexpr UINT kUpdateTreeMessage = WM_USER + 1000;  // asks the window's thread for UpdateTree
+
   virtual void PreSubclassWindow() override;
   virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
   afx_msg int OnCreate(LPCREATESTRUCTW create);
@@ -416,6 +418,11 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   void ForgetSubtree(CVornTreeItem* item);
   int EmptyTree();
   CVornTreeItem* DropHighlight() const;
+  void ApplyExpansion(CVornTreeItem* item, unsigned int action, unsigned int flags);
+  bool IsDragInProgress() const;
+  void SetHorizontalBar(bool on, int width, int widest, int pos);
+  void SetVerticalBar(bool on, int height, int pos);
+  void ScrollToLevel(CVornTreeItem* item, int redraw);
   void CreateRoot();
   void MakeOptionsCurrent();
   void SelectDefaultFont();

@@ -1,0 +1,189 @@
+// Linking and unlinking of items, with the counts that every ancestor keeps.
+//
+// The counts that an insertion adds and those that a detaching takes away are not mirror images:
+// after a hide or a collapse they need not cancel. This is meant; nothing recomputes them.
+#include "../VornTreeCtrl.h"
+#include "VornTreeItem.h"
+
+namespace {
+
+struct Counts {
+  unsigned int total;
+  int visible;
+  int hidden;
+};
+
+// From start upward: rows and hidden items count up to the first ancestor that is hidden or closed,
+// descendants count all the way.
+void AddToAncestors(CVornTreeItem* start, Counts counts, int sign) {
+  for (CVornTreeItem* item = start; item != nullptr; item = item->m_pParent) {
+    if (item->IsExpanded()) {
+      item->m_nVisibleDescendants += sign * counts.visible;
+      item->m_nHiddenDescendants += sign * counts.hidden;
+    }
+    if (item->IsHidden() || !item->IsExpanded()) counts.visible = counts.hidden = 0;
+    item->m_nDescendants += static_cast<unsigned int>(sign) * counts.total;
+  }
+}
+
+// Counts a new child of parent in it and in all its ancestors.
+void CountIn(CVornTreeItem* parent, const CVornTreeItem* item) {
+  Counts counts{item->m_nDescendants + 1, 0, 0};
+  if (parent->IsExpanded()) {
+    counts.visible = item->IsHidden() ? 0 : item->m_nVisibleDescendants + 1;
+    counts.hidden = item->m_nHiddenDescendants + (item->IsHidden() ? 1 : 0);
+  }
+  parent->m_nDescendants += counts.total;
+  parent->m_nVisibleDescendants += counts.visible;
+  parent->m_nHiddenDescendants += counts.hidden;
+  if (parent->IsHidden()) counts.visible = 0;
+  AddToAncestors(parent->m_pParent, counts, +1);
+}
+
+void LinkBetween(CVornTreeItem* parent, CVornTreeItem* prev, CVornTreeItem* item, CVornTreeItem* next) {
+  item->m_pPrevSibling = prev;
+  item->m_pNextSibling = next;
+  (prev != nullptr ? prev->m_pNextSibling : parent->m_pFirstChild) = item;
+  (next != nullptr ? next->m_pPrevSibling : parent->m_pLastChild) = item;
+}
+
+void Unlink(CVornTreeItem* item) {
+  CVornTreeItem* parent = item->m_pParent;
+  CVornTreeItem* prev = item->m_pPrevSibling;
+  CVornTreeItem* next = item->m_pNextSibling;
+  if (prev != nullptr) prev->m_pNextSibling = next;
+  if (next != nullptr) next->m_pPrevSibling = prev;
+  if (parent->m_pFirstChild == item) parent->m_pFirstChild = next;
+  if (parent->m_pLastChild == item) parent->m_pLastChild = prev;
+}
+
+// The next item of top's subtree in pre-order, or null after the last.
+CVornTreeItem* NextInSubtree(CVornTreeItem* item, const CVornTreeItem* top) {
+  if (item->m_pFirstChild != nullptr) return item->m_pFirstChild;
+  while (item != top && item->m_pNextSibling == nullptr) item = item->m_pParent;
+  return item == top ? nullptr : item->m_pNextSibling;
+}
+
+void SetLevel(CVornTreeItem* item, int level) {
+  if (item->m_nLevel == level) return;
+  if (item->m_nLevel == -1) {
+    item->m_nLevel = level;
+    return;
+  }
+  item->m_nLevel = level;
+  for (CVornTreeItem* below = NextInSubtree(item, item); below != nullptr;
+       below = NextInSubtree(below, item)) {
+    below->m_nLevel = below->m_pParent->m_nLevel + 1;
+  }
+}
+
+void Adopt(CVornTreeItem* parent, CVornTreeItem* item) {
+  SetLevel(item, parent->m_nLevel + 1);
+  item->m_pParent = parent;
+  parent->m_nState &= ~static_cast<unsigned int>(STIS_HASCHILDREN);
+  if (parent->m_pTree != nullptr) parent->m_pTree->UpdateItem(parent, 0);
+}
+
+// Moves shortcut out of its place and among the children of top, which is being destroyed, so that
+// it goes with them. One that is below top goes anyway.
+void DrawIn(CVornTreeItem* top, CVornTreeItem* shortcut) {
+  if (shortcut->IsDescendantOf(top)) return;
+  shortcut->Detach(false);
+  LinkBetween(top, nullptr, shortcut, top->m_pFirstChild);
+  shortcut->m_pParent = top;
+}
+
+// What becomes of the shortcuts of an item that goes: those at odd positions go with it, and the
+// last one as well when their number is even. The others live on as ordinary items.
+void ReleaseShortcuts(CVornTreeItem* top, CVornTreeItem* item) {
+  const long count = item->m_Shortcuts.GetSize();
+  if (count > 0) {
+    for (long i = 0; i < count; ++i) {
+      const bool goes = i % 2 == 0 || i == count - 1;
+      CVornTreeItem* shortcut = item->m_Shortcuts[i];
+      if (goes && shortcut != item && IsItemValid(shortcut)) DrawIn(top, shortcut);
+    }
+    return;
+  }
+  if (item->HasState(STIS_SHORTCUT) && IsItemValid(item->m_pShortcutTarget)) {
+    CVornTreeItem* shortcut = item;
+    item->m_pShortcutTarget->m_Shortcuts.Remove(shortcut);
+  }
+}
+
+void ClearLinks(CVornTreeItem* item) {
+  item->m_pParent = item->m_pPrevSibling = item->m_pNextSibling = nullptr;
+  item->m_pFirstChild = item->m_pLastChild = nullptr;
+  item->m_nLabelOffset = 0;
+}
+
+}  // namespace
+
+void CVornTreeItem::InsertAfter(CVornTreeItem* item, CVornTreeItem* after) {
+  CountIn(this, item);
+  if (after == STI_FIRST || m_pFirstChild == nullptr) {
+    LinkBetween(this, nullptr, item, m_pFirstChild);
+  } else if (after == nullptr || after == m_pLastChild) {
+    LinkBetween(this, m_pLastChild, item, nullptr);
+  } else {
+    LinkBetween(this, after, item, after->m_pNextSibling);
+  }
+  Adopt(this, item);
+}
+
+void CVornTreeItem::InsertFirst(CVornTreeItem* item, CVornTreeItem* before) {
+  CountIn(this, item);
+  if (before == nullptr || before == m_pFirstChild) {
+    LinkBetween(this, nullptr, item, m_pFirstChild);
+  } else {
+    LinkBetween(this, before->m_pPrevSibling, item, before);
+  }
+  Adopt(this, item);
+}
+
+void CVornTreeItem::Detach(bool destroy) {
+  const bool isRoot = m_pTree != nullptr && m_pTree->m_pRoot == this;
+  if (m_pParent == nullptr && m_pFirstChild == nullptr && !isRoot) return;
+  if (m_pParent != nullptr) {
+    Unlink(this);
+    Counts counts{m_nDescendants + 1, 1, m_nHiddenDescendants};
+    if (IsHidden()) {
+      counts.visible = 0;
+      counts.hidden += m_nVisibleDescendants + 1;
+    } else if (IsExpanded()) {
+      counts.visible = m_nVisibleDescendants + 1;
+    }
+    AddToAncestors(m_pParent, counts, -1);
+  }
+  m_pParent = nullptr;
+  m_nLabelOffset = 0;
+  if (!destroy) {
+    m_pPrevSibling = m_pNextSibling = nullptr;
+    return;
+  }
+  DestroyChildren();
+  m_pTree = nullptr;
+}
+
+void CVornTreeItem::DestroyChildren() {
+  // Children go before their parent, first to last. Shortcuts of what goes are drawn in among the
+  // children, so that one loop destroys all and no depth of the tree is too great for it.
+  CVornTreeItem* item = this;
+  m_pParent = nullptr;
+  while (true) {
+    while (item->m_pFirstChild != nullptr) item = item->m_pFirstChild;
+    if (item == this) {
+      ReleaseShortcuts(this, this);
+      if (m_pFirstChild == nullptr) break;
+      m_Shortcuts.RemoveAll();
+      continue;
+    }
+    CVornTreeItem* parent = item->m_pParent;
+    ReleaseShortcuts(this, item);
+    Unlink(item);
+    ClearLinks(item);
+    delete item;
+    item = parent;
+  }
+  ClearLinks(this);
+}
