@@ -426,7 +426,10 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   void CreateRoot();
   void MakeOptionsCurrent();
   void SelectDefaultFont();
+  void HoldRedraw();
+  void ReleaseRedraw(int redraw);
   void ReleaseRedrawDC();
+  LRESULT OnSetFont(HFONT font, BOOL redraw);
   void DeleteHelpers();
 
   // The order of the fields is fixed.

@@ -2,7 +2,8 @@
 //
 // Both operations unlink every child and link it again in order. The counts of rows are built up afresh
 // by the linking; the others are what the two operations make of them, meant.
-#include <exception>
+#include <new>
+#include <vector>
 
 #include "../../core/VornSortedArray.h"
 #include "../VornTreeCtrl.h"
@@ -30,6 +31,8 @@ int CVornTreeCtrl::SortChildren(STSORTCB* sort) {
   CVornTreeItem* const parent = sort->hParent;
   if (parent->m_pFirstChild == nullptr) return 0;
   const auto compare = [sort](CVornTreeItem* element, CVornTreeItem* child) {
+    // A comparison must not touch the tree; one that deletes items all the same gets no dead one.
+    if (!IsItemValid(element) || !IsItemValid(child)) return 0;
     return sort->lpfnCompare(static_cast<LPARAM>(element->GetData()), static_cast<LPARAM>(child->GetData()),
                              sort->lParam);
   };
@@ -46,8 +49,10 @@ int CVornTreeCtrl::SortChildren(STSORTCB* sort) {
     }
     row.Insert(child, place);
   });
-  parent->m_nVisibleDescendants = 0;
-  row.ForEach([parent](CVornTreeItem* child) { parent->InsertAfter(child, nullptr); });
+  if (IsItemValid(parent)) parent->m_nVisibleDescendants = 0;
+  row.ForEach([parent](CVornTreeItem* child) {
+    if (IsItemValid(parent) && IsItemValid(child)) parent->InsertAfter(child, nullptr);
+  });
   SetRedraw(TRUE);
   return 1;
 }

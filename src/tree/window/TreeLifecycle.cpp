@@ -1,0 +1,210 @@
+// CVornTreeCtrl: how the object comes to be, completes itself when it gets a window, and ends.
+#include <cwchar>
+
+#include "../../core/CurrentOptions.h"
+#include "../../core/VornFunctions.h"
+#include "../../options/VornTreeOptions.h"
+#include "../../selection/VornTreeSelection.h"
+#include "../VornTreeCtrl.h"
+#include "../model/VornTreeItem.h"
+
+namespace {
+
+constexpr const wchar_t* kClassName = L"VornLibrary::VornTreeCtrl";
+constexpr const char* kThisProperty = "VornTree::This";
+
+// Screen resolution across, in dots per inch, read once.
+int ScreenResolution() {
+  static const int resolution = [] {
+    HDC screen = ::GetDC(nullptr);
+    const int dots = ::GetDeviceCaps(screen, LOGPIXELSX);
+    ::ReleaseDC(nullptr, screen);
+    return dots;
+  }();
+  return resolution;
+}
+
+// The font of icon titles, one step smaller; false if the system does not tell.
+bool MakeSmallerIconFont(CFont& font) {
+  LOGFONTW logFont{};
+  if (!::SystemParametersInfoW(SPI_GETICONTITLELOGFONT, sizeof(logFont), &logFont, 0)) return false;
+  constexpr int kOrdinaryResolution = 96;
+  const int step = ScreenResolution() > kOrdinaryResolution ? 2 : 1;
+  logFont.lfHeight += logFont.lfHeight < 0 ? step : -step;
+  return font.CreateFontIndirect(&logFont) != FALSE;
+}
+
+}  // namespace
+
+IMPLEMENT_DYNAMIC(CVornTreeCtrl, CWnd)
+
+BEGIN_MESSAGE_MAP(CVornTreeCtrl, CWnd)
+  ON_WM_CREATE()
+  ON_WM_DESTROY()
+  ON_WM_SHOWWINDOW()
+END_MESSAGE_MAP()
+
+// --- The object ------------------------------------------------------------------------------------
+
+CVornTreeCtrl::CVornTreeCtrl() {
+  AfxInitVornComCtl();
+  vorn::SetCurrentOptions(nullptr);
+  m_pOptions = new (std::nothrow) CVornTreeOptions(this);
+  vorn::SetCurrentOptions(m_pOptions);
+  ModifySelectionType(0, STST_SINGLE);
+  if (m_pOptions != nullptr) {
+    CFont font;
+    if (!MakeSmallerIconFont(font)) font.Attach(::GetStockObject(DEFAULT_GUI_FONT));
+    m_pOptions->SetFont(&font, FALSE);
+  }
+  LoadConfiguration();
+  CreateRoot();
+  // At any value of the variable.
+  m_bAutoSelection = ::_wgetenv(L"NOTEST_WID4217") == nullptr;
+}
+
+CVornTreeCtrl::~CVornTreeCtrl() { DeleteHelpers(); }
+
+void CVornTreeCtrl::LoadConfiguration() {
+  m_nIndent = 20;
+  m_clrBk = m_clrText = m_clrGrayText = ST_CLR_NONE;
+  m_clrTextHighlight = m_clrHighlight = m_clrShowAlways = ST_CLR_NONE;
+  const int cx = 2 * ::GetSystemMetrics(SM_CXDRAG), cy = 2 * ::GetSystemMetrics(SM_CYDRAG);
+  m_rcDrag.SetRect(-cx, -cy, cx, cy);
+  m_nLabelEditDuration = 1500;
+}
+
+void CVornTreeCtrl::CreateRoot() {
+  m_pRoot = new CVornTreeItem(this);
+  if (m_pRoot == nullptr) return;
+  m_pRoot->m_nLevel = 0;
+  m_pRoot->m_nState = STIS_EXPANDED;
+}
+
+void CVornTreeCtrl::MakeOptionsCurrent() { vorn::SetCurrentOptions(m_pOptions); }
+
+// Selection, options and items, in this order; what is gone already is null.
+void CVornTreeCtrl::DeleteHelpers() {
+  delete m_pSelection;
+  m_pSelection = nullptr;
+  if (AfxGetVornTreeOptions() == m_pOptions) vorn::SetCurrentOptions(nullptr);
+  delete m_pOptions;
+  m_pOptions = nullptr;
+  if (m_pRoot != nullptr) {
+    CVornTreeItem* const root = m_pRoot;
+    root->Detach(true);
+    m_pRoot = nullptr;
+    delete root;
+  }
+  ReleaseRedrawDC();
+  delete m_pRedrawDC;
+  m_pRedrawDC = nullptr;
+}
+
+// --- The window ------------------------------------------------------------------------------------
+
+int CVornTreeCtrl::CreateTreeCtrl(unsigned long style, const RECT& rect, CWnd* parent, unsigned int id) {
+  DWORD exStyle = 0;
+  DWORD windowStyle = static_cast<DWORD>(style);
+  if (windowStyle & WS_BORDER) {
+    windowStyle &= ~static_cast<DWORD>(WS_BORDER);
+    exStyle = WS_EX_CLIENTEDGE;
+  }
+  return CWnd::CreateEx(exStyle, kClassName, nullptr, windowStyle, rect, parent, id);
+}
+
+void CVornTreeCtrl::PreSubclassWindow() {
+  if (m_pOptions == nullptr) {
+    m_pOptions = new (std::nothrow) CVornTreeOptions(this);
+    CFont font;
+    font.Attach(::GetStockObject(DEFAULT_GUI_FONT));
+    if (m_pOptions != nullptr) m_pOptions->SetFont(&font, FALSE);
+  }
+  if (m_pRoot == nullptr) CreateRoot();
+  if (m_pSelection == nullptr) ModifySelectionType(0, 0);
+  MakeOptionsCurrent();
+  SelectDefaultFont();
+  ::GetClientRect(m_hWnd, m_rcClient);
+  ::ShowScrollBar(m_hWnd, SB_BOTH, TRUE);
+  CalcLayout();
+  ::SetPropA(m_hWnd, kThisProperty, this);
+}
+
+void CVornTreeCtrl::SelectDefaultFont() {
+  if (m_Font.GetSafeHandle() != nullptr) return;
+  CFont font;
+  font.Attach(::GetStockObject(DEFAULT_GUI_FONT));
+  SetFont(&font, FALSE);
+}
+
+int CVornTreeCtrl::OnCreate(LPCREATESTRUCTW create) { return CWnd::OnCreate(create) == -1 ? -1 : 0; }
+
+void CVornTreeCtrl::OnDestroy() {
+  DeleteHelpers();
+  for (int i = 0; i < STIL_COUNT; ++i) {
+    m_hImageList[i] = nullptr;
+    m_szImage[i] = CSize(0, 0);
+  }
+  m_pFirstDisplay = m_pLastDisplay = m_pHoverItem = nullptr;
+  m_nRedrawLock = 0;
+  CWnd::OnDestroy();
+}
+
+void CVornTreeCtrl::OnShowWindow(BOOL show, UINT status) {
+  CWnd::OnShowWindow(show, status);
+  if (show) MakeOptionsCurrent();
+}
+
+LRESULT CVornTreeCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_SYSCOLORCHANGE: RefillDefaultColors(); break;
+    case WM_SETFONT: return OnSetFont(reinterpret_cast<HFONT>(wParam), static_cast<BOOL>(lParam));
+    case WM_GETFONT: return reinterpret_cast<LRESULT>(m_Font.GetSafeHandle());
+    case kUpdateTreeMessage:
+      if (m_nRedrawLock == 0) UpdateTree();
+      break;
+    default: break;
+  }
+  return CWnd::WindowProc(message, wParam, lParam);
+}
+
+LRESULT CVornTreeCtrl::OnSetFont(HFONT font, BOOL redraw) {
+  LOGFONTW logFont{};
+  if (font == nullptr || ::GetObjectW(font, sizeof(logFont), &logFont) == 0) return 0;
+  // The font may be the present one, sent by SetFont itself.
+  HFONT copy = ::CreateFontIndirectW(&logFont);
+  if (copy == nullptr) return 0;
+  m_Font.DeleteObject();
+  m_Font.Attach(copy);
+  if (m_pOptions != nullptr) {
+    m_pOptions->SetFont(&m_Font, redraw);
+  } else if (redraw == TRUE) {
+    InvalidateAll();
+  }
+  return 0;
+}
+
+CVornTreeCtrl* CVornTreeCtrl::GetPointerFromHandle(HWND hwnd) {
+  // The handle maps know which objects live; a property alone may be left over from one that is gone.
+  if (hwnd == nullptr || ::GetPropA(hwnd, kThisProperty) == nullptr) return nullptr;
+  return DYNAMIC_DOWNCAST(CVornTreeCtrl, CWnd::FromHandlePermanent(hwnd));
+}
+
+int CVornTreeCtrl::IsActiveStyle(unsigned long style) {
+  const DWORD asked = static_cast<DWORD>(style);
+  return ::IsWindow(m_hWnd) && (GetStyle() & asked) == asked;
+}
+
+int CVornTreeCtrl::EnableAutoSelection(int enable) {
+  const int before = m_bAutoSelection;
+  m_bAutoSelection = enable;
+  return before;
+}
+
+bool CVornTreeCtrl::IsFocusRectVisible() { return m_bFocusRectVisible; }
+
+CEdit* CVornTreeCtrl::GetEditControl() { return nullptr; }  // no label edit is ever open yet
+
+bool CVornTreeCtrl::IsDragInProgress() const { return false; }  // no drag manager is made yet
+
+CVornTreeItem* CVornTreeCtrl::DropHighlight() const { return nullptr; }
