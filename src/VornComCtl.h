@@ -10,3 +10,5 @@
 #include "tree/VornTreeCtrl.h"
 #include "paint/VornDC.h"
 #include "options/VornTreeOptions.h"
+#include "selection/VornTreeSelection.h"
+#include "selection/VornTreeMultiSelection.h"

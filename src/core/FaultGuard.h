@@ -7,7 +7,7 @@ namespace vorn {
 bool CallGuarded(bool (*function)(void*), void* argument);
 
 template <class Function>
-bool CallGuarded(Function& function) {
+bool CallGuarded(Function function) {
   return CallGuarded([](void* f) { return static_cast<bool>((*static_cast<Function*>(f))()); }, &function);
 }
 

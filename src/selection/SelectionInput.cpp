@@ -1,7 +1,7 @@
 // The selection manager: what clicks and keys do.
 //
 // In all of this 'old' is the anchor on entry, and a veto ends the operation with the focus moved.
-#include "../core/VornComCtlCore.h"
+#include "../core/VornFunctions.h"
 #include "../options/VornTreeOptions.h"
 #include "../tree/VornTreeCtrl.h"
 #include "../tree/model/VornTreeItem.h"
@@ -12,7 +12,7 @@ using vorn::ManagerWatch;
 
 namespace {
 
-constexpr UINT_PTR kEditTimer = 1;           // the delayed label edit
+constexpr UINT_PTR kEditTimer = 1;          // the delayed label edit
 constexpr int kDefaultEditDuration = 1500;  // milliseconds
 
 }  // namespace

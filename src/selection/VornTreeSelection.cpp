@@ -100,8 +100,8 @@ int CVornTreeSelection::SelectItem(CVornTreeItem* item, int keepOthers) {
   if (!IsItemValid(item)) return 0;
   CVornTreeItem* const old = GetLastSelectedItem();
   ManagerWatch alive(this);
-  const bool agreed = !item->IsSelected() && m_pTree->CanSelectItem(item) && alive &&
-                      m_pTree->OnSelChanging(old, item);
+  const bool agreed =
+      !item->IsSelected() && m_pTree->CanSelectItem(item) && alive && m_pTree->OnSelChanging(old, item);
   if (!alive || !IsItemValid(item)) return 0;
   if (!agreed) {
     m_pFocus = m_pLastSelected = item;  // all the same

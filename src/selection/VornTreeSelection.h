@@ -94,8 +94,8 @@ class VORNCOMCTL_API CVornTreeSelection : public CObject {
   CVornTreeItem* m_pFocus = nullptr;
   BOOL m_bShift = FALSE;
   BOOL m_bCtrl = FALSE;
-  BOOL m_bPendingUp = FALSE;            // a press on a selected item waits for the release
-  BOOL m_bInClear = FALSE;              // ClearSelection does not ask OnClearSelection
+  BOOL m_bPendingUp = FALSE;             // a press on a selected item waits for the release
+  BOOL m_bInClear = FALSE;               // ClearSelection does not ask OnClearSelection
   CVornTreeItemUserArray m_arrSelected;  // by address
   CVornTreeItemArray m_arrSaved;         // for ranges with Ctrl and Shift
   BOOL m_bForceShift = FALSE;

@@ -88,8 +88,8 @@ enum : unsigned int {
   STE_COLLAPSEALL = 4,  // the item and all that is expanded below it
   STE_EXPANDALL = 5,    // the item and all below it
   STE_ACTIONMASK = 0x00FF,
-  STE_SCROLL = 0x4000,   // after expanding, scroll the new rows into view
-  STE_ANYWAY = 0x8000,   // let an unknown action through to the hooks
+  STE_SCROLL = 0x4000,  // after expanding, scroll the new rows into view
+  STE_ANYWAY = 0x8000,  // let an unknown action through to the hooks
   STE_FLAGMASK = 0xFF00,
 };
 
@@ -124,16 +124,16 @@ enum : unsigned int {
 // --- UpdateSelection -------------------------------------------------------------------------------
 
 enum : unsigned int {
-  STUS_REBUILD = 0x001,      // take up every item that carries STIS_SELECTED
-  STUS_ACTIVATE = 0x002,     // by documents only: make the item's document the active one
-  STUS_CTRLON = 0x010,       // Ctrl counts as down
+  STUS_REBUILD = 0x001,   // take up every item that carries STIS_SELECTED
+  STUS_ACTIVATE = 0x002,  // by documents only: make the item's document the active one
+  STUS_CTRLON = 0x010,    // Ctrl counts as down
   STUS_CTRLOFF = 0x020,
-  STUS_SHIFTON = 0x040,      // Shift counts as down
+  STUS_SHIFTON = 0x040,  // Shift counts as down
   STUS_SHIFTOFF = 0x080,
   STUS_FORCEMASK = 0x0F0,
   STUS_ITEMADDED = 0x100,
   STUS_ITEMREMOVED = 0x200,
-  STUS_NOACTIVE = 0x400,     // by documents only: no document is active
+  STUS_NOACTIVE = 0x400,  // by documents only: no document is active
 };
 
 // --- Selection type --------------------------------------------------------------------------------
@@ -182,16 +182,16 @@ enum : int {
 // --- Records ---------------------------------------------------------------------------------------
 
 struct tagSTITEM {
-  unsigned int mask;        // STIF_ bits: which fields count
-  CVornTreeItem* hItem;     // the item
-  unsigned int state;       // STIS_ bits
-  unsigned int stateMask;   // STIS_ bits to apply
-  wchar_t* pszText;         // on output the item's own text, to be treated as read-only
-  int cchTextMax;           // on input the number of characters to take; on output the length
+  unsigned int mask;       // STIF_ bits: which fields count
+  CVornTreeItem* hItem;    // the item
+  unsigned int state;      // STIS_ bits
+  unsigned int stateMask;  // STIS_ bits to apply
+  wchar_t* pszText;        // on output the item's own text, to be treated as read-only
+  int cchTextMax;          // on input the number of characters to take; on output the length
   int iImage;
   int iSelectedImage;
-  int cChildren;            // 1: the item has children
-  LPARAM lParam;            // the host's data
+  int cChildren;  // 1: the item has children
+  LPARAM lParam;  // the host's data
 };
 using STITEM = tagSTITEM;
 
@@ -203,9 +203,9 @@ struct tagSTINSERTSTRUCT {
 using STINSERTSTRUCT = tagSTINSERTSTRUCT;
 
 struct tagSTSORTCB {
-  CVornTreeItem* hParent;                                        // whose children are sorted
+  CVornTreeItem* hParent;                                                 // whose children are sorted
   int(CALLBACK* lpfnCompare)(LPARAM data1, LPARAM data2, LPARAM lParam);  // on the items' data
-  LPARAM lParam;                                                 // passed to each comparison
+  LPARAM lParam;                                                          // passed to each comparison
 };
 using STSORTCB = tagSTSORTCB;
 

@@ -12,6 +12,13 @@ bool g_updatingScrollBar = false;
 constexpr int kWidthMargin = 2;  // added to the widest label to decide on the bar
 constexpr int kRangeMargin = 2;  // and once more to make its range
 
+SCROLLINFO EmptyScrollInfo(UINT mask) {
+  SCROLLINFO info{};
+  info.cbSize = sizeof(info);
+  info.fMask = mask;
+  return info;
+}
+
 }  // namespace
 
 // --- Positions -------------------------------------------------------------------------------------
@@ -43,7 +50,7 @@ void CVornTreeCtrl::UpdateScrollBar() {
   ::GetClientRect(m_hWnd, client);
   CSize size(client.Width(), client.Height());
   constexpr UINT kRangeAndPosition = SIF_RANGE | SIF_POS;
-  SCROLLINFO horizontal{sizeof(SCROLLINFO)}, vertical{sizeof(SCROLLINFO)};
+  SCROLLINFO horizontal = EmptyScrollInfo(0), vertical = EmptyScrollInfo(0);
   GetScrollInfo(SB_HORZ, &horizontal, kRangeAndPosition);
   GetScrollInfo(SB_VERT, &vertical, kRangeAndPosition);
 
@@ -70,7 +77,7 @@ void CVornTreeCtrl::UpdateScrollBar() {
 }
 
 void CVornTreeCtrl::SetHorizontalBar(bool on, int width, int widest, int pos) {
-  SCROLLINFO info{sizeof(SCROLLINFO)};
+  SCROLLINFO info = EmptyScrollInfo(SIF_RANGE | SIF_PAGE | SIF_POS);
   if (on) {
     info.fMask = SIF_ALL;
     info.nMax = widest + kRangeMargin;
@@ -79,7 +86,6 @@ void CVornTreeCtrl::SetHorizontalBar(bool on, int width, int widest, int pos) {
     if (info.nPos > info.nMax - width) info.nPos = info.nMax - width;
     info.nTrackPos = info.nMax - width - kRangeMargin;
   } else {
-    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
     info.nMax = width;
     info.nPage = static_cast<UINT>(width) + 1;
   }
@@ -90,8 +96,7 @@ void CVornTreeCtrl::SetHorizontalBar(bool on, int width, int widest, int pos) {
 }
 
 void CVornTreeCtrl::SetVerticalBar(bool on, int height, int pos) {
-  SCROLLINFO info{sizeof(SCROLLINFO)};
-  info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+  SCROLLINFO info = EmptyScrollInfo(SIF_RANGE | SIF_PAGE | SIF_POS);
   if (on) {
     const CVornTreeOperations operations(this);
     int index = GetScrollPos(SB_VERT);

@@ -108,9 +108,9 @@ std::vector<CVornTreeItem*> OrderByName(const std::vector<CVornTreeItem*>& items
     const long equal = static_cast<long>(run.members.size());
     long place = 0;
     if (turn > 0 && equal > 0) {
-      const SearchResult result =
-          BinarySearch(static_cast<long>(turn), [=](long i) { return i < lower; },
-                       [=](long i) { return i >= lower && i < lower + equal; });
+      const SearchResult result = BinarySearch(
+          static_cast<long>(turn), [=](long i) { return i < lower; },
+          [=](long i) { return i >= lower && i < lower + equal; });
       place = result.index - lower;
     }
     run.members.push_back(turn);

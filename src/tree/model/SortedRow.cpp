@@ -29,7 +29,7 @@ void SortedRow::Insert(CVornTreeItem* item, long index) {
   ++m_size;
   for (size_t i = block + 1; i < m_starts.size(); ++i) ++m_starts[i];
   if (items.size() < kFullBlock) return;
-  const std::ptrdiff_t half = static_cast<std::ptrdiff_t>(items.size() / 2);
+  const long half = static_cast<long>(items.size() / 2);
   std::vector<CVornTreeItem*> rest(items.begin() + half, items.end());
   items.resize(static_cast<size_t>(half));
   const auto place = static_cast<std::ptrdiff_t>(block + 1);

@@ -20,8 +20,7 @@ CString ShownText(const CVornTreeItem& item) {
 // Selects a font for as long as it lives.
 class FontSelection {
  public:
-  FontSelection(HDC dc, HFONT font)
-      : m_dc(dc), m_old(font != nullptr ? ::SelectObject(dc, font) : nullptr) {}
+  FontSelection(HDC dc, HFONT font) : m_dc(dc), m_old(font != nullptr ? ::SelectObject(dc, font) : nullptr) {}
   ~FontSelection() {
     if (m_old != nullptr) ::SelectObject(m_dc, m_old);
   }

@@ -77,13 +77,6 @@ void SetLevel(CVornTreeItem* item, int level) {
   }
 }
 
-void Adopt(CVornTreeItem* parent, CVornTreeItem* item) {
-  SetLevel(item, parent->m_nLevel + 1);
-  item->m_pParent = parent;
-  parent->m_nState &= ~static_cast<unsigned int>(STIS_HASCHILDREN);
-  if (parent->m_pTree != nullptr) parent->m_pTree->UpdateItem(parent, 0);
-}
-
 // Moves shortcut out of its place and among the children of top, which is being destroyed, so that
 // it goes with them. One that is below top goes anyway.
 void DrawIn(CVornTreeItem* top, CVornTreeItem* shortcut) {
@@ -119,6 +112,14 @@ void ClearLinks(CVornTreeItem* item) {
 
 }  // namespace
 
+// The last steps of linking a child.
+void CVornTreeItem::Adopt(CVornTreeItem* item) {
+  SetLevel(item, m_nLevel + 1);
+  item->m_pParent = this;
+  m_nState &= ~static_cast<unsigned int>(STIS_HASCHILDREN);
+  NotifyUpdate();
+}
+
 void CVornTreeItem::InsertAfter(CVornTreeItem* item, CVornTreeItem* after) {
   CountIn(this, item);
   if (after == STI_FIRST || m_pFirstChild == nullptr) {
@@ -128,7 +129,7 @@ void CVornTreeItem::InsertAfter(CVornTreeItem* item, CVornTreeItem* after) {
   } else {
     LinkBetween(this, after, item, after->m_pNextSibling);
   }
-  Adopt(this, item);
+  Adopt(item);
 }
 
 void CVornTreeItem::InsertFirst(CVornTreeItem* item, CVornTreeItem* before) {
@@ -138,7 +139,7 @@ void CVornTreeItem::InsertFirst(CVornTreeItem* item, CVornTreeItem* before) {
   } else {
     LinkBetween(this, before->m_pPrevSibling, item, before);
   }
-  Adopt(this, item);
+  Adopt(item);
 }
 
 void CVornTreeItem::Detach(bool destroy) {

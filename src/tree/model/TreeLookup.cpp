@@ -128,7 +128,8 @@ int CVornTreeCtrl::GetItemFullText(CVornTreeItem* item, CString& text) {
 long CVornTreeCtrl::GetItemPosition(CVornTreeItem* item) {
   if (!IsItemValid(item) || item->m_pParent == nullptr) return 0;
   long position = 1;
-  for (const CVornTreeItem* before = item->m_pPrevSibling; before != nullptr; before = before->m_pPrevSibling) {
+  for (const CVornTreeItem* before = item->m_pPrevSibling; before != nullptr;
+       before = before->m_pPrevSibling) {
     ++position;
   }
   return position;

@@ -13,8 +13,8 @@ int CVornTreeCtrl::NotifyParent(unsigned int code, CVornTreeItem* item1, CVornTr
   notification.ptMouse = m_ptLastMouse;
   HWND parent = ::GetParent(m_hWnd);
   if (m_hWnd == nullptr || parent == nullptr) return 1;
-  const LRESULT answer = ::SendMessageW(parent, WM_NOTIFY, notification.hdr.idFrom,
-                                        reinterpret_cast<LPARAM>(&notification));
+  const LRESULT answer =
+      ::SendMessageW(parent, WM_NOTIFY, notification.hdr.idFrom, reinterpret_cast<LPARAM>(&notification));
   return answer < 1 ? 1 : 0;
 }
 

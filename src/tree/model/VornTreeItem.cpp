@@ -7,16 +7,6 @@
 #include "../VornTreeCtrl.h"
 #include "../layout/VornTreeOperations.h"
 
-bool IsItemValid(const CVornTreeItem* p) {
-  // The sentinels have all ones there; the pool hands out no such address.
-  constexpr unsigned __int64 kSentinelBits = 0xFFFF0000ULL;
-  if (p == nullptr) return false;
-  if ((reinterpret_cast<unsigned __int64>(p) & kSentinelBits) == kSentinelBits) return false;
-  // Dead slots stay readable; what lies outside the pool is no item and is not read.
-  if (!vorn::ItemPool::Contains(p)) return false;
-  return p->m_nMagic == CVornTreeItem::kMagic;
-}
-
 void* CVornTreeItem::operator new(size_t size) noexcept { return vorn::ItemPool::Allocate(size); }
 void* CVornTreeItem::operator new(size_t size, const std::nothrow_t&) noexcept {
   return vorn::ItemPool::Allocate(size);

@@ -129,11 +129,11 @@ class CVornTreeItem {
   unsigned int m_nDescendants = 0;
   int m_nVisibleDescendants = 0;
   int m_nHiddenDescendants = 0;
-  RECT m_Rect{};           // of the last paint, in client coordinates
-  int m_nHeight = 20;      // pixels
-  int m_nTextWidth = 0;    // pixels
-  int m_nLabelOffset = 0;  // cached result of GetItemRight; 0: to be computed
-  CString m_strText;       // as the host gave it
+  RECT m_Rect{};             // of the last paint, in client coordinates
+  int m_nHeight = 20;        // pixels
+  int m_nTextWidth = 0;      // pixels
+  int m_nLabelOffset = 0;    // cached result of GetItemRight; 0: to be computed
+  CString m_strText;         // as the host gave it
   CFont* m_pFont = nullptr;  // owned
   COLORREF m_clrText = ST_CLR_NONE;
   COLORREF m_clrBk = ST_CLR_NONE;
@@ -151,6 +151,7 @@ class CVornTreeItem {
  private:
   void SetBit(unsigned int bit, bool on);
   void NotifyUpdate();
+  void Adopt(CVornTreeItem* item);
   void CopyOwnFields(const CVornTreeItem* source);
 };
 
