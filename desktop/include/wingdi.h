@@ -89,6 +89,7 @@
 #define ETO_OPAQUE 0x0002
 #define ETO_CLIPPED 0x0004
 #define ETO_RTLREADING 0x0080
+#define ETO_PDY 0x2000
 
 #define TRANSPARENT 1
 #define OPAQUE 2

@@ -22,4 +22,11 @@ struct Font : GdiObject {
 
 std::unique_ptr<Font> MakeFont(const LOGFONTW& description);
 
+// The face selected into a DC, and what its LOGFONTW says.
+const Typeface& TypefaceOf(const DeviceContext& dc);
+const LOGFONTW& LogFontOf(const DeviceContext& dc);
+
+// The width of text with the DC's character spacing.
+int TextWidth(const DeviceContext& dc, const wchar_t* text, size_t length);
+
 }  // namespace desktop
