@@ -453,15 +453,15 @@ VORNFW_API BOOL UpdateDone(CCmdUI* command);
   VORNFW_HANDLER(WM_COMMAND, CN_COMMAND, id, id, nullptr, VORNFW_MEMBER(void, (), memberFxn)(); return TRUE;)
 
 // void memberFxn(UINT nID), for id to idLast
-#define ON_COMMAND_RANGE(id, idLast, memberFxn)                   \
-  VORNFW_HANDLER(WM_COMMAND, CN_COMMAND, id, idLast, nullptr,     \
-                 VORNFW_MEMBER(void, (UINT), memberFxn)(call.id); \
+#define ON_COMMAND_RANGE(nIDFirst, nIDLast, memberFxn)               \
+  VORNFW_HANDLER(WM_COMMAND, CN_COMMAND, nIDFirst, nIDLast, nullptr, \
+                 VORNFW_MEMBER(void, (UINT), memberFxn)(call.id);    \
                  return TRUE;)
 
 // BOOL memberFxn(UINT nID); 0 lets the command travel on
 #define ON_COMMAND_EX(id, memberFxn) ON_COMMAND_EX_RANGE(id, id, memberFxn)
-#define ON_COMMAND_EX_RANGE(id, idLast, memberFxn)            \
-  VORNFW_HANDLER(WM_COMMAND, CN_COMMAND, id, idLast, nullptr, \
+#define ON_COMMAND_EX_RANGE(nIDFirst, nIDLast, memberFxn)            \
+  VORNFW_HANDLER(WM_COMMAND, CN_COMMAND, nIDFirst, nIDLast, nullptr, \
                  return VORNFW_MEMBER(BOOL, (UINT), memberFxn)(call.id);)
 
 // void memberFxn(CCmdUI* pCmdUI)
@@ -485,9 +485,9 @@ VORNFW_API BOOL UpdateDone(CCmdUI* command);
                  return TRUE;)
 
 // void memberFxn(UINT nID), for id to idLast
-#define ON_CONTROL_RANGE(wNotifyCode, id, idLast, memberFxn)                      \
-  VORNFW_HANDLER(WM_COMMAND, static_cast<WORD>(wNotifyCode), id, idLast, nullptr, \
-                 VORNFW_MEMBER(void, (UINT), memberFxn)(call.id);                 \
+#define ON_CONTROL_RANGE(wNotifyCode, nIDFirst, nIDLast, memberFxn)                      \
+  VORNFW_HANDLER(WM_COMMAND, static_cast<WORD>(wNotifyCode), nIDFirst, nIDLast, nullptr, \
+                 VORNFW_MEMBER(void, (UINT), memberFxn)(call.id);                        \
                  return TRUE;)
 
 // In the control's own map: void memberFxn(); the parent is not told
@@ -512,14 +512,14 @@ VORNFW_API BOOL UpdateDone(CCmdUI* command);
                 return TRUE;)
 // BOOL memberFxn(UINT nID, NMHDR* pNMHDR, LRESULT* pResult); 0 lets it travel on
 #define ON_NOTIFY_EX(wNotifyCode, id, memberFxn) ON_NOTIFY_EX_RANGE(wNotifyCode, id, id, memberFxn)
-#define ON_NOTIFY_EX_RANGE(wNotifyCode, id, idLast, memberFxn)                                            \
-  VORNFW_NOTIFY(WM_NOTIFY, wNotifyCode, id, idLast,                                                       \
+#define ON_NOTIFY_EX_RANGE(wNotifyCode, nIDFirst, nIDLast, memberFxn)                                     \
+  VORNFW_NOTIFY(WM_NOTIFY, wNotifyCode, nIDFirst, nIDLast,                                                \
                 return VORNFW_MEMBER(BOOL, (UINT, NMHDR*, LRESULT*), memberFxn)(call.id, pNotify->header, \
                                                                                 pNotify->result);)
 // void memberFxn(UINT nID, NMHDR* pNMHDR, LRESULT* pResult), for id to idLast
-#define ON_NOTIFY_RANGE(wNotifyCode, id, idLast, memberFxn)                                                \
+#define ON_NOTIFY_RANGE(wNotifyCode, nIDFirst, nIDLast, memberFxn)                                         \
   VORNFW_NOTIFY(                                                                                           \
-      WM_NOTIFY, wNotifyCode, id, idLast,                                                                  \
+      WM_NOTIFY, wNotifyCode, nIDFirst, nIDLast,                                                           \
       VORNFW_MEMBER(void, (UINT, NMHDR*, LRESULT*), memberFxn)(call.id, pNotify->header, pNotify->result); \
       return TRUE;)
 // In the control's own map: void memberFxn(NMHDR* pNMHDR, LRESULT* pResult); the parent is not told
