@@ -481,6 +481,7 @@ using FONTENUMPROCW = int(CALLBACK*)(const LOGFONTW*, const TEXTMETRICW*, DWORD,
 using FONTENUMPROC = FONTENUMPROCW;
 using LINEDDAPROC = void(CALLBACK*)(int, int, LPARAM);
 struct tagDEVMODEW;
+using DEVMODEW = tagDEVMODEW;
 
 // Device contexts.
 DESKTOP_API HDC WINAPI CreateCompatibleDC(HDC dc);

@@ -58,7 +58,6 @@ class VORNFW_API CDC : public CObject {
   // The objects selected now.
   CPen* GetCurrentPen() const;
   CBrush* GetCurrentBrush() const;
-  CPalette* GetCurrentPalette() const;
   CFont* GetCurrentFont() const;
   CBitmap* GetCurrentBitmap() const;
 
@@ -71,8 +70,6 @@ class VORNFW_API CDC : public CObject {
   // For a region: the kind of the new clip region.
   int SelectObject(CRgn* pRgn);
   CGdiObject* SelectObject(CGdiObject* pObject);
-  CPalette* SelectPalette(CPalette* pPalette, BOOL bForceBackground);
-  UINT RealizePalette();
 
   COLORREF GetNearestColor(COLORREF crColor) const;
   COLORREF GetBkColor() const;
