@@ -12,15 +12,16 @@
 namespace {
 
 // Fails a test that leaves windows, drawing objects, DCs or timers behind. Systems and libraries
-// make some objects at their first use and keep them: a test that left something behind is
-// suspected at first, and condemned when it does so again.
+// make some objects at their first use and keep them, so a test that left something behind is only
+// suspected at first. Suspects are run again, and condemned when they never stop.
 class LeakListener : public testing::EmptyTestEventListener {
  public:
-  // The names of the suspects, as a filter; from now on they are condemned.
-  std::string Judge() {
+  // The names of the suspects so far, as a filter; then begins a new round.
+  std::string NextRound(bool last) {
     std::string filter;
     for (const std::string& name : m_suspects) filter += (filter.empty() ? "" : ":") + name;
-    m_warm = true;
+    m_suspects.clear();
+    m_last = last;
     return filter;
   }
 
@@ -41,7 +42,7 @@ class LeakListener : public testing::EmptyTestEventListener {
 
   void Expect(const char* what, int before, int after) {
     if (after <= before) return;
-    if (!m_warm) {
+    if (!m_last) {
       m_suspects.insert(m_name);
       return;
     }
@@ -51,7 +52,7 @@ class LeakListener : public testing::EmptyTestEventListener {
   support::Alive m_before;
   std::string m_name;
   std::set<std::string> m_suspects;
-  bool m_warm = false;
+  bool m_last = false;
 };
 
 }  // namespace
@@ -62,9 +63,14 @@ int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   auto* leaks = new LeakListener;  // gtest deletes it
   testing::UnitTest::GetInstance()->listeners().Append(leaks);
-  const int result = RUN_ALL_TESTS();
-  const std::string suspects = leaks->Judge();
-  if (suspects.empty()) return result;
-  testing::GTEST_FLAG(filter) = suspects;
-  return RUN_ALL_TESTS() | result;
+  int result = RUN_ALL_TESTS();
+  constexpr int kRounds = 2;
+  for (int round = 1; round <= kRounds; ++round) {
+    const std::string suspects = leaks->NextRound(round == kRounds);
+    if (suspects.empty()) break;
+    testing::GTEST_FLAG(filter) = suspects;
+    testing::GTEST_FLAG(brief) = true;
+    result |= RUN_ALL_TESTS();
+  }
+  return result;
 }
