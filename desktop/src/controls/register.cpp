@@ -1,0 +1,18 @@
+// The classes of the standard controls.
+#include "controls/controls.h"
+
+#include "controls/button.h"
+#include "controls/edit.h"
+#include "controls/static.h"
+
+namespace desktop {
+
+void RegisterControlClasses() {
+  constexpr int kPointer = sizeof(void*);
+  RegisterControl(L"Button", CS_DBLCLKS | CS_VREDRAW | CS_HREDRAW | CS_PARENTDC, ControlProc<Button>,
+                  kPointer, IDC_ARROW, nullptr);
+  RegisterControl(L"Static", CS_DBLCLKS | CS_PARENTDC, ControlProc<Static>, kPointer, IDC_ARROW, nullptr);
+  RegisterControl(L"Edit", CS_DBLCLKS, ControlProc<Edit>, kPointer, IDC_IBEAM, nullptr);
+}
+
+}  // namespace desktop
