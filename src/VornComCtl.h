@@ -12,3 +12,5 @@
 #include "options/VornTreeOptions.h"
 #include "selection/VornTreeSelection.h"
 #include "selection/VornTreeMultiSelection.h"
+#include "paint/VornTreeDC.h"
+#include "edit/VornTreeEdit.h"

@@ -23,12 +23,17 @@
 #include "../core/VornItemArrays.h"
 #include "VornTreeTypes.h"
 
+class CVornTreeDC;
 class CVornTreeDrag;
 class CVornTreeEdit;
 class CVornTreeOperations;
 class CVornTreeOptions;
 class CVornTreeSelection;
 class CVornTreeToolTip;
+
+namespace vorn {
+struct RowShape;
+}
 
 class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   DECLARE_DYNAMIC(CVornTreeCtrl)
@@ -71,7 +76,6 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   int IsAutoSelectionEnabled() { return m_bAutoSelection; }
 
   CVornTreeDrag* GetDragManager() { return m_pDrag; }
-  CEdit* GetEditControl();
   CVornTreeSelection* GetSelectionManager() const { return m_pSelection; }
 
   // --- Items: insertion, removal, moving -----------------------------------------------------------
@@ -254,6 +258,11 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   // Scrolls so that the item is the first row.
   int SetFirstVisible(CVornTreeItem* item);
   int SelectSetFirstVisible(CVornTreeItem* item);
+  // The row under a point in client coordinates, or null. *flags (may be null) gets the zone added to
+  // what it holds: 0x0002 image, 0x0004 label, 0x0008 indentation, 0x0010 button, 0x0020 right of the
+  // label, 0x0040 check box, 0x1000 state image; without a row 0x0100 above, 0x0200 below, 0x0400 right,
+  // 0x0800 left of the window; in an empty tree nothing.
+  CVornTreeItem* HitTest(CPoint point, unsigned int* flags);
   // The place of an item that is on screen, as the last paint left it; empty and 0 otherwise.
   int GetItemRect(CVornTreeItem* item, RECT* rect, int textOnly);
 
@@ -282,6 +291,16 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   int IsMultipleSelection() { return HasSelectionType(STST_MULTIPLE); }
   int IsSelectionByDocuments() { return HasSelectionType(STST_BYDOCUMENTS); }
   int IsClearSelectionWithEmptyArea() { return HasSelectionType(STST_CLEARONEMPTY); }
+
+  // --- Label editing -------------------------------------------------------------------------------
+
+  // Opens the box over the item's label; an edit that is open is committed first. Asks for permission
+  // (STIS_NORENAME on the item, STIS_NOMODIFY on its parent) and then OnBeginLabelEdit. Null if refused.
+  CEdit* EditLabel(CVornTreeItem* item);
+  // The box, or null when no edit is open.
+  CEdit* GetEditControl();
+  // Passes a message (Cut, Copy, Paste...) on to the box if that has the focus. 1 if it was passed.
+  int IsTreeCtrlEditMessage(unsigned int message, unsigned __int64 wParam, __int64 lParam);
 
   // --- Permissions ---------------------------------------------------------------------------------
 
@@ -378,17 +397,46 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   // One step of the successor walk: down only with descend exactly 1, up not beyond stopParent.
   CVornTreeItem* GetNextVisibleItem(CVornTreeItem* item, int descend, CVornTreeItem* stopParent) const;
   void LoadConfiguration();
+  int BeginLabelEdit(CVornTreeItem* item);
+  // Commits the edit that is open, unless it was cancelled, and closes the box. 1 if the label changed.
+  int EndLabelEdit();
+  // Scrolls by a step or page in the bar's unit; for derived controls. bar: SB_HORZ, others vertical.
+  void DoScroll(int bar, unsigned int code, unsigned int pos);
+  // Selects the first row, from the focus on, that begins with the letters typed. 1 if the key was used.
+  int OnTypeAhead(unsigned __int64 character, __int64 lParam);
 
   static constexpr UINT kUpdateTreeMessage = WM_USER + 1000;  // asks the window's thread for UpdateTree
 
   virtual void PreSubclassWindow() override;
+  virtual BOOL PreTranslateMessage(MSG* message) override;
   virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
   afx_msg int OnCreate(LPCREATESTRUCTW create);
   afx_msg void OnDestroy();
   afx_msg void OnShowWindow(BOOL show, UINT status);
+  afx_msg UINT OnGetDlgCode();
+  afx_msg void OnSize(UINT type, int cx, int cy);
+  afx_msg void OnPaint();
+  afx_msg BOOL OnEraseBkgnd(CDC* dc);
+  afx_msg void OnHScroll(UINT code, UINT pos, CScrollBar* bar);
+  afx_msg void OnVScroll(UINT code, UINT pos, CScrollBar* bar);
+  afx_msg BOOL OnMouseWheel(UINT flags, short delta, CPoint point);
+  afx_msg void OnSetFocus(CWnd* old);
+  afx_msg void OnKillFocus(CWnd* next);
+  afx_msg void OnKeyDown(UINT key, UINT repeat, UINT flags);
+  afx_msg void OnKeyUp(UINT key, UINT repeat, UINT flags);
+  afx_msg void OnLButtonDown(UINT flags, CPoint point);
+  afx_msg void OnLButtonUp(UINT flags, CPoint point);
+  afx_msg void OnLButtonDblClk(UINT flags, CPoint point);
+  afx_msg void OnRButtonDown(UINT flags, CPoint point);
+  afx_msg void OnMouseMove(UINT flags, CPoint point);
+  afx_msg void OnMouseLeave();
+  afx_msg void OnTimer(UINT_PTR id);
+  afx_msg void OnContextMenu(CWnd* window, CPoint point);
   DECLARE_MESSAGE_MAP()
 
  private:
+  friend class CVornTreeDC;
+  friend class CVornTreeEdit;
   friend class CVornTreeItem;
   friend class CVornTreeOperations;
   friend class CVornTreeOptions;
@@ -423,6 +471,23 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   void SetHorizontalBar(bool on, int width, int widest, int pos);
   void SetVerticalBar(bool on, int height, int pos);
   void ScrollToLevel(CVornTreeItem* item, int redraw);
+  void ScrollTo(int bar, int position);
+  vorn::RowShape ShapeOf(const CVornTreeItem* item) const;
+  void DrawRows(CVornTreeDC& dc, CVornTreeItem* first);
+  HWND EditWindow() const;
+  void ActOnKey(UINT key, CVornTreeItem* focus);
+  void MoveTo(CVornTreeItem* item, UINT key);
+  void FoldOrLeave(CVornTreeItem* focus, UINT key);
+  void OpenOrEnter(CVornTreeItem* focus, UINT key);
+  void MoveToFirstBrother(CVornTreeItem* focus, UINT key);
+  void MoveToLastBrother(CVornTreeItem* focus, UINT key);
+  CVornTreeItem* PageFrom(CVornTreeItem* item, bool forward) const;
+  void ClickEmptyArea(UINT flags);
+  void PressZone(CVornTreeItem* item, unsigned int zone, UINT flags);
+  void MoveHotMark(CVornTreeItem* item, unsigned int zone);
+  void UseSharedImages();
+  void RepaintNow();
+  void LayoutAfterResize(const WINDOWPOS& place);
   void CreateRoot();
   void MakeOptionsCurrent();
   void SelectDefaultFont();

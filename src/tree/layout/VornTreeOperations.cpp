@@ -1,6 +1,9 @@
 // Rows by index, documents, and the counts that visibility and expansion keep in the ancestors.
 #include "VornTreeOperations.h"
 
+#include <cwchar>
+
+#include "../../core/TextCompare.h"
 #include "../VornTreeCtrl.h"
 
 namespace {
@@ -49,6 +52,16 @@ CVornTreeItem* CVornTreeOperations::GetDocumentOf(CVornTreeItem* item) const {
   if (!IsItemValid(item) || (m_pTree != nullptr && item == m_pTree->m_pRoot)) return nullptr;
   while (CVornTreeItem* parent = item->GetParentItem()) item = parent;
   return item;
+}
+
+CVornTreeItem* CVornTreeOperations::FindByPrefix(CVornTreeItem* start, const wchar_t* prefix) const {
+  if (start == nullptr || prefix == nullptr || *prefix == L'\0') return nullptr;
+  const size_t length = std::wcslen(prefix);
+  CVornTreeItem* row = start == m_pTree->m_pRoot ? m_pTree->GetFirstVisibleItem() : start;
+  while (row != nullptr && vorn::CompareNoCase(prefix, row->GetText(), length) != 0) {
+    row = m_pTree->GetNextVisibleItem(row);
+  }
+  return row;
 }
 
 void CVornTreeOperations::OnItemVisibilityChanged(CVornTreeItem* item, int visible) const {

@@ -22,6 +22,9 @@ class CVornTreeOperations {
   // invalid item and for the root.
   CVornTreeItem* GetDocumentOf(CVornTreeItem* item) const;
 
+  // The first row from start on (the root: of all) whose label begins with prefix, letter case apart.
+  CVornTreeItem* FindByPrefix(CVornTreeItem* start, const wchar_t* prefix) const;
+
   // --- Counts ---
   void OnItemVisibilityChanged(CVornTreeItem* item, int visible) const;
   void ExpandCounts(CVornTreeItem* item) const;

@@ -5,6 +5,7 @@
 
 #include "../../core/ItemPool.h"
 #include "../VornTreeCtrl.h"
+#include "../layout/RowGeometry.h"
 #include "../layout/VornTreeOperations.h"
 
 void* CVornTreeItem::operator new(size_t size) noexcept { return vorn::ItemPool::Allocate(size); }
@@ -105,40 +106,12 @@ int CVornTreeItem::GetItemHeight() const {
 int CVornTreeItem::GetItemRight() {
   if (m_nLabelOffset != 0) return m_nLabelOffset;
   if (m_pTree == nullptr) return 0;
-  constexpr int kLeftMargin = 2, kImageWidth = 16, kGap = 2;
-  const int indent = static_cast<int>(m_pTree->GetIndent());
-  const auto has = [this](unsigned int style) { return m_pTree->IsActiveStyle(style) != 0; };
-
-  int left = kLeftMargin, right = 0;
-  bool gap = false;
-  if (m_nLevel > 1 || has(STS_HASLINES | STS_LINESATROOT) || has(STS_HASBUTTONS | STS_LINESATROOT) ||
-      has(STS_IMAGEBUTTONS | STS_LINESATROOT)) {
-    right = indent * m_nLevel + left;
-    gap = true;
-    left += indent;
-    right += indent;
-  } else if (has(STS_HASBUTTONS) || has(STS_IMAGEBUTTONS)) {
-    left += indent;
-    right += indent;
-  }
-  if (has(STS_CHECKBOXES) || HasExtFlag(STIX_CHECKBOX)) {
-    left = right;
-    right = left + kImageWidth;
-    gap = true;
-  }
-  if (HasExtFlag(STIX_HASIMAGE)) {
-    left = right + kGap;
-  } else if (gap) {
-    left += kGap;
-  }
-  // Meant: the level shows in the result only behind a check box or an image.
-  m_nLabelOffset = left + m_nTextWidth;
+  m_nLabelOffset = vorn::LabelRight(m_pTree->ShapeOf(this));
   return m_nLabelOffset;
 }
 
 RECT* CVornTreeItem::GetSizeRect() {
-  constexpr int kTextMargins = 4;
-  m_Rect = RECT{0, 0, m_nTextWidth + kTextMargins, GetItemHeight()};
+  m_Rect = RECT{0, 0, m_nTextWidth + vorn::kLabelMargins, GetItemHeight()};
   return &m_Rect;
 }
 

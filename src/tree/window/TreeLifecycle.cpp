@@ -3,7 +3,10 @@
 
 #include "../../core/CurrentOptions.h"
 #include "../../core/VornFunctions.h"
+#include "../../core/VornSetRessource.h"
+#include "../../edit/VornTreeEdit.h"
 #include "../../options/VornTreeOptions.h"
+#include "../../resources/VornResource.h"
 #include "../../selection/VornTreeSelection.h"
 #include "../VornTreeCtrl.h"
 #include "../model/VornTreeItem.h"
@@ -42,6 +45,25 @@ BEGIN_MESSAGE_MAP(CVornTreeCtrl, CWnd)
   ON_WM_CREATE()
   ON_WM_DESTROY()
   ON_WM_SHOWWINDOW()
+  ON_WM_GETDLGCODE()
+  ON_WM_SIZE()
+  ON_WM_PAINT()
+  ON_WM_ERASEBKGND()
+  ON_WM_HSCROLL()
+  ON_WM_VSCROLL()
+  ON_WM_MOUSEWHEEL()
+  ON_WM_SETFOCUS()
+  ON_WM_KILLFOCUS()
+  ON_WM_KEYDOWN()
+  ON_WM_KEYUP()
+  ON_WM_LBUTTONDOWN()
+  ON_WM_LBUTTONUP()
+  ON_WM_LBUTTONDBLCLK()
+  ON_WM_RBUTTONDOWN()
+  ON_WM_MOUSEMOVE()
+  ON_WM_MOUSELEAVE()
+  ON_WM_TIMER()
+  ON_WM_CONTEXTMENU()
 END_MESSAGE_MAP()
 
 // --- The object ------------------------------------------------------------------------------------
@@ -87,6 +109,9 @@ void CVornTreeCtrl::MakeOptionsCurrent() { vorn::SetCurrentOptions(m_pOptions); 
 void CVornTreeCtrl::DeleteHelpers() {
   delete m_pSelection;
   m_pSelection = nullptr;
+  CVornTreeEdit* const edit = m_pEdit;
+  m_pEdit = nullptr;  // its window goes with it, and would end the edit through here
+  delete edit;
   if (AfxGetVornTreeOptions() == m_pOptions) vorn::SetCurrentOptions(nullptr);
   delete m_pOptions;
   m_pOptions = nullptr;
@@ -124,9 +149,14 @@ void CVornTreeCtrl::PreSubclassWindow() {
   if (m_pSelection == nullptr) ModifySelectionType(0, 0);
   MakeOptionsCurrent();
   SelectDefaultFont();
+  UseSharedImages();
   ::GetClientRect(m_hWnd, m_rcClient);
   ::ShowScrollBar(m_hWnd, SB_BOTH, TRUE);
   CalcLayout();
+  {
+    const CVornSetRessource resources;
+    ::SetCursor(AfxGetApp() != nullptr ? AfxGetApp()->LoadCursor(IDC_VORN_TREE) : nullptr);
+  }
   ::SetPropA(m_hWnd, kThisProperty, this);
 }
 
@@ -163,9 +193,54 @@ LRESULT CVornTreeCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     case kUpdateTreeMessage:
       if (m_nRedrawLock == 0) UpdateTree();
       break;
+    case WM_WINDOWPOSCHANGED: {
+      // Laid out before and after: the second run sees the client area as the bars have left it.
+      const WINDOWPOS place = *reinterpret_cast<const WINDOWPOS*>(lParam);
+      LayoutAfterResize(place);
+      const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+      LayoutAfterResize(place);
+      return result;
+    }
+    case WM_STYLECHANGED: {
+      const STYLESTRUCT styles = *reinterpret_cast<const STYLESTRUCT*>(lParam);
+      const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+      if ((styles.styleOld ^ styles.styleNew) & WS_DISABLED) RepaintNow();
+      return result;
+    }
+    case WM_ENABLE: {
+      const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+      RepaintNow();
+      return result;
+    }
     default: break;
   }
   return CWnd::WindowProc(message, wParam, lParam);
+}
+
+void CVornTreeCtrl::LayoutAfterResize(const WINDOWPOS& place) {
+  if (place.cx > 0 && place.cy > 0 && m_nRedrawLock == 0 && !(place.flags & SWP_NOSIZE)) UpdateTree();
+}
+
+void CVornTreeCtrl::RepaintNow() {
+  InvalidateAll();
+  if (::IsWindow(m_hWnd)) ::UpdateWindow(m_hWnd);
+}
+
+// Check boxes and buttons come from lists that all controls share and that live as long as the process.
+void CVornTreeCtrl::UseSharedImages() {
+  static CImageList checkBoxes, buttons;
+  const CVornSetRessource resources;
+  constexpr COLORREF kMask = RGB(255, 0, 255);
+  if (m_hImageList[STIL_CHECKBOX] == nullptr) {
+    constexpr int kWidth = 16, kGrow = 3;
+    if (checkBoxes.GetSafeHandle() == nullptr) checkBoxes.Create(IDB_VORN_CHECKBOXES, kWidth, kGrow, kMask);
+    SetImageList(&checkBoxes, STIL_CHECKBOX);
+  }
+  if (m_hImageList[STIL_BUTTON] == nullptr) {
+    constexpr int kWidth = 9, kGrow = 2;
+    if (buttons.GetSafeHandle() == nullptr) buttons.Create(IDB_VORN_BUTTONS, kWidth, kGrow, kMask);
+    SetImageList(&buttons, STIL_BUTTON);
+  }
 }
 
 LRESULT CVornTreeCtrl::OnSetFont(HFONT font, BOOL redraw) {
@@ -202,8 +277,6 @@ int CVornTreeCtrl::EnableAutoSelection(int enable) {
 }
 
 bool CVornTreeCtrl::IsFocusRectVisible() { return m_bFocusRectVisible; }
-
-CEdit* CVornTreeCtrl::GetEditControl() { return nullptr; }  // no label edit is ever open yet
 
 bool CVornTreeCtrl::IsDragInProgress() const { return false; }  // no drag manager is made yet
 

@@ -1,0 +1,71 @@
+// CVornTreeCtrl: from a point to a row and a zone of it.
+#include "../VornTreeCtrl.h"
+#include "../model/VornTreeItem.h"
+#include "RowGeometry.h"
+
+namespace {
+
+// The flag for a point that is not in the window. Meant: top and bottom are compared with the point's x.
+void SetOutsideFlag(const RECT& window, POINT screen, unsigned int* flags) {
+  if (window.left >= screen.x) {
+    *flags |= vorn::kHitWindowLeft;
+  } else if (window.right <= screen.x) {
+    *flags |= vorn::kHitWindowRight;
+  }
+  if (window.top >= screen.x) {
+    *flags |= vorn::kHitAbove;
+  } else if (window.bottom <= screen.x) {
+    *flags |= vorn::kHitBelow;
+  }
+}
+
+}  // namespace
+
+vorn::RowShape CVornTreeCtrl::ShapeOf(const CVornTreeItem* item) const {
+  vorn::RowShape shape;
+  shape.level = item->m_nLevel;
+  shape.levelOffset = m_bDisplayOnlyActiveDoc == 1 ? 1 : 0;
+  shape.style = ::IsWindow(m_hWnd) ? GetStyle() : 0;
+  shape.indent = static_cast<int>(m_nIndent);
+  shape.hasCheckBox = item->HasExtFlag(STIX_CHECKBOX) || (shape.style & STS_CHECKBOXES) != 0;
+  shape.hasStateImage = item->m_nStateImage != -1;
+  shape.hasImage = item->HasExtFlag(STIX_HASIMAGE);
+  shape.textWidth = item->m_nTextWidth;
+  return shape;
+}
+
+CVornTreeItem* CVornTreeCtrl::HitTest(CPoint point, unsigned int* flags) {
+  unsigned int ignored = 0;
+  if (flags == nullptr) flags = &ignored;
+  if (!::IsWindow(m_hWnd)) return nullptr;
+  CRect window;
+  ::GetWindowRect(m_hWnd, window);
+  CPoint screen = point;
+  ::ClientToScreen(m_hWnd, &screen);
+  if (!window.PtInRect(screen)) {
+    SetOutsideFlag(window, screen, flags);
+    return nullptr;
+  }
+  CVornTreeItem* item = GetFirstDisplayItem();
+  if (item == nullptr) return nullptr;
+  const int height = m_rcClient.Height();
+  const int rows = GetVisibleCount();
+  CRect row;
+  ::GetClientRect(m_hWnd, row);
+  row.OffsetRect(vorn::kRowMargin, 0);
+  int sum = 0;
+  for (int i = 0; height > 0 && i < rows && item != nullptr; ++i) {
+    sum += item->GetItemHeight();
+    row.top = item->m_Rect.top - 1;  // neighbours overlap; the earlier row wins
+    row.bottom = item->m_Rect.bottom + 1;
+    if (row.PtInRect(point)) {
+      point.x += GetScrollPos(SB_HORZ);
+      *flags |= vorn::HitRow(ShapeOf(item), row, point);
+      return item;
+    }
+    if (sum >= height) break;
+    item = GetNextVisibleItem(item);
+  }
+  *flags |= vorn::kHitBelow;
+  return nullptr;
+}
