@@ -40,7 +40,7 @@ bool MeasureOn(HDC dc, HFONT font, const CString& text, SIZE* size) {
 
 // A control without a window measures on this; a screen context for each label would cost dearly.
 HDC WindowlessMeasuringDC() {
-  static CDC dc;
+  static CDC& dc = *new CDC;  // as long as the process lives
   if (dc.GetSafeHdc() == nullptr) dc.CreateCompatibleDC(nullptr);
   return dc.GetSafeHdc();
 }

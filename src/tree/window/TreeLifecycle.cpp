@@ -2,6 +2,7 @@
 #include <cwchar>
 
 #include "../../core/CurrentOptions.h"
+#include "../../core/Module.h"
 #include "../../core/VornFunctions.h"
 #include "../../core/VornSetRessource.h"
 #include "../../edit/VornTreeEdit.h"
@@ -153,10 +154,7 @@ void CVornTreeCtrl::PreSubclassWindow() {
   ::GetClientRect(m_hWnd, m_rcClient);
   ::ShowScrollBar(m_hWnd, SB_BOTH, TRUE);
   CalcLayout();
-  {
-    const CVornSetRessource resources;
-    ::SetCursor(AfxGetApp() != nullptr ? AfxGetApp()->LoadCursor(IDC_VORN_TREE) : nullptr);
-  }
+  ::SetCursor(::LoadCursorW(vorn::ModuleInstance(), MAKEINTRESOURCEW(IDC_VORN_TREE)));
   ::SetPropA(m_hWnd, kThisProperty, this);
 }
 
@@ -228,7 +226,8 @@ void CVornTreeCtrl::RepaintNow() {
 
 // Check boxes and buttons come from lists that all controls share and that live as long as the process.
 void CVornTreeCtrl::UseSharedImages() {
-  static CImageList checkBoxes, buttons;
+  static CImageList& checkBoxes = *new CImageList;
+  static CImageList& buttons = *new CImageList;
   const CVornSetRessource resources;
   constexpr COLORREF kMask = RGB(255, 0, 255);
   if (m_hImageList[STIL_CHECKBOX] == nullptr) {

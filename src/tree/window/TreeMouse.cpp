@@ -5,6 +5,7 @@
 #include "../../selection/VornTreeSelection.h"
 #include "../VornTreeCtrl.h"
 #include "../layout/RowGeometry.h"
+#include "../model/VornTreeItem.h"
 #include "TreeTimers.h"
 #include "TypeAhead.h"
 
