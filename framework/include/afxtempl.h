@@ -6,9 +6,9 @@
 
 #include <algorithm>
 #include <memory>
+#include <new>
 #include <type_traits>
 #include <utility>
-#include <vector>
 
 // ---- Helpers that hosts may specialise ---------------------------------------------------------------
 
@@ -306,9 +306,9 @@ class CMap : public CObject {
   VALUE& operator[](ARG_KEY key) {
     CAssoc* p = FindAssoc(key);
     if (p != nullptr) return p->value;
-    if (m_table.empty()) InitHashTable(m_nHashTableSize);
+    if (m_table == nullptr) InitHashTable(m_nHashTableSize);
     const UINT nHash = HashKey<ARG_KEY>(key);
-    CAssoc*& bucket = m_table[nHash % m_table.size()];
+    CAssoc*& bucket = m_table[nHash % m_nHashTableSize];
     p = new (std::nothrow) CAssoc{{KEY(key), VALUE()}, nHash, bucket};
     if (p == nullptr) AfxThrowMemoryException();
     bucket = p;
@@ -317,8 +317,8 @@ class CMap : public CObject {
   }
   void SetAt(ARG_KEY key, ARG_VALUE newValue) { (*this)[key] = newValue; }
   BOOL RemoveKey(ARG_KEY key) {
-    if (m_table.empty()) return FALSE;
-    CAssoc** link = &m_table[HashKey<ARG_KEY>(key) % m_table.size()];
+    if (m_table == nullptr) return FALSE;
+    CAssoc** link = &m_table[HashKey<ARG_KEY>(key) % m_nHashTableSize];
     while (*link != nullptr && !CompareElements(&(*link)->key, &key)) link = &(*link)->pNext;
     if (*link == nullptr) return FALSE;
     delete std::exchange(*link, (*link)->pNext);
@@ -326,10 +326,8 @@ class CMap : public CObject {
     return TRUE;
   }
   void RemoveAll() {
-    for (CAssoc*& bucket : m_table) {
-      for (CAssoc* p = bucket; p != nullptr;) delete std::exchange(p, p->pNext);
-      bucket = nullptr;
-    }
+    for (CAssoc* p = FirstFrom(0); p != nullptr;) delete std::exchange(p, Next(p));
+    m_table.reset();
     m_nCount = 0;
   }
 
@@ -351,7 +349,8 @@ class CMap : public CObject {
   void InitHashTable(UINT hashSize, BOOL bAllocNow = TRUE) {
     ENSURE_ARG(hashSize > 0 && m_nCount == 0);
     m_nHashTableSize = hashSize;
-    m_table.assign(bAllocNow ? hashSize : 0, nullptr);
+    m_table.reset(bAllocNow ? new (std::nothrow) CAssoc*[hashSize]() : nullptr);
+    if (bAllocNow && m_table == nullptr) AfxThrowMemoryException();
   }
 
  private:
@@ -365,22 +364,22 @@ class CMap : public CObject {
     return static_cast<const CAssoc*>(pair);
   }
   CAssoc* FindAssoc(ARG_KEY key) const {
-    if (m_table.empty()) return nullptr;
-    CAssoc* p = m_table[HashKey<ARG_KEY>(key) % m_table.size()];
+    if (m_table == nullptr) return nullptr;
+    CAssoc* p = m_table[HashKey<ARG_KEY>(key) % m_nHashTableSize];
     while (p != nullptr && !CompareElements(&p->key, &key)) p = p->pNext;
     return p;
   }
-  CAssoc* FirstFrom(size_t bucket) const {
-    for (; bucket < m_table.size(); ++bucket) {
+  CAssoc* FirstFrom(UINT bucket) const {
+    for (; m_table != nullptr && bucket < m_nHashTableSize; ++bucket) {
       if (m_table[bucket] != nullptr) return m_table[bucket];
     }
     return nullptr;
   }
   CAssoc* Next(const CAssoc* p) const {
-    return p->pNext != nullptr ? p->pNext : FirstFrom(p->nHash % m_table.size() + 1);
+    return p->pNext != nullptr ? p->pNext : FirstFrom(p->nHash % m_nHashTableSize + 1);
   }
 
-  std::vector<CAssoc*> m_table;
+  std::unique_ptr<CAssoc*[]> m_table;  // m_nHashTableSize buckets; null while nothing was ever added
   INT_PTR m_nCount = 0;
   UINT m_nHashTableSize = 17;
 };

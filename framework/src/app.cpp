@@ -48,7 +48,7 @@ UINT WithIcon(UINT type) {
 IMPLEMENT_DYNAMIC(CWinApp, CWinThread)
 
 BEGIN_MESSAGE_MAP(CWinApp, CWinThread)
-ON_COMMAND(ID_APP_EXIT, &CWinApp::OnAppExit)
+  ON_COMMAND(ID_APP_EXIT, &CWinApp::OnAppExit)
 END_MESSAGE_MAP()
 
 CWinApp::CWinApp(LPCWSTR lpszAppName)
@@ -253,11 +253,22 @@ BOOL AfxWinInit(HINSTANCE hInstance, HINSTANCE hPrevInstance, LPWSTR lpCmdLine, 
   return TRUE;
 }
 
+namespace {
+
+int RunToTheEnd(CWinApp* app) {
+  if (app->InitInstance()) return app->Run();
+  if (app->m_pMainWnd != nullptr) app->m_pMainWnd->DestroyWindow();
+  return app->ExitInstance();
+}
+
+}  // namespace
+
 int AfxWinMain(HINSTANCE hInstance, HINSTANCE hPrevInstance, LPWSTR lpCmdLine, int nCmdShow) {
   CWinApp* const app = AfxGetApp();
   if (app == nullptr || !AfxWinInit(hInstance, hPrevInstance, lpCmdLine, nCmdShow)) return -1;
   if (!app->InitApplication()) return -1;
-  if (app->InitInstance()) return app->Run();
-  if (app->m_pMainWnd != nullptr) app->m_pMainWnd->DestroyWindow();
-  return app->ExitInstance();
+  framework::BeginMessageFilter();
+  const int exitCode = RunToTheEnd(app);
+  framework::EndMessageFilter();
+  return exitCode;
 }

@@ -1,5 +1,6 @@
 // CWinApp: the profile, in the registry or in a file.
 #include "afxwin.h"
+#include "memory.h"
 
 #include <algorithm>
 #include <cstring>
@@ -41,7 +42,7 @@ bool ReadValue(HKEY key, LPCWSTR entry, DWORD type, std::vector<BYTE>& bytes) {
     return false;
   }
   // The value may change between the two questions; a longer one is then refused by the second.
-  bytes.assign(size, 0);
+  framework::WithMemory([&] { bytes.assign(size, 0); });
   if (size == 0) return true;
   if (::RegQueryValueExW(key, entry, nullptr, &found, bytes.data(), &size) != ERROR_SUCCESS) return false;
   bytes.resize(size);
@@ -74,6 +75,7 @@ CString Letters(const BYTE* data, UINT size) {
 bool Bytes(const CString& letters, std::vector<BYTE>& bytes) {
   if (letters.GetLength() % 2 != 0) return false;
   bytes.clear();
+  framework::WithMemory([&] { bytes.reserve(static_cast<size_t>(letters.GetLength()) / 2); });
   for (int i = 0; i < letters.GetLength(); i += 2) {
     const int low = letters[i] - L'A';
     const int high = letters[i + 1] - L'A';
@@ -139,9 +141,13 @@ CString CWinApp::GetProfileString(LPCWSTR lpszSection, LPCWSTR lpszEntry, LPCWST
   const Key section(GetSectionKey(lpszSection));
   std::vector<BYTE> bytes;
   if (!section || !ReadValue(section, lpszEntry, REG_SZ, bytes)) return fallback;
-  std::vector<wchar_t> text(bytes.size() / sizeof(wchar_t) + 1, L'\0');
-  std::memcpy(text.data(), bytes.data(), bytes.size() / sizeof(wchar_t) * sizeof(wchar_t));
-  return CString(text.data(), CString::StringLength(text.data()));
+  // What others have written there need not end in a null.
+  CString text;
+  const size_t length = bytes.size() / sizeof(wchar_t);
+  std::memcpy(text.GetBuffer(static_cast<int>(length)), bytes.data(), length * sizeof(wchar_t));
+  text.ReleaseBufferSetLength(static_cast<int>(length));
+  text.Truncate(CString::StringLength(text));
+  return text;
 }
 
 BOOL CWinApp::WriteProfileString(LPCWSTR lpszSection, LPCWSTR lpszEntry, LPCWSTR lpszValue) {
@@ -176,7 +182,7 @@ BOOL CWinApp::GetProfileBinary(LPCWSTR lpszSection, LPCWSTR lpszEntry, LPBYTE* p
     const CString letters = ReadFileString(lpszSection, lpszEntry, L"", m_pszProfileName);
     if (letters.IsEmpty() || !Bytes(letters, bytes)) return FALSE;
   }
-  *ppData = new BYTE[bytes.size()];
+  framework::WithMemory([&] { *ppData = new BYTE[bytes.size()]; });
   std::copy(bytes.begin(), bytes.end(), *ppData);
   *pBytes = static_cast<UINT>(bytes.size());
   return TRUE;

@@ -1,5 +1,6 @@
 // CString::Format: Windows' wide printf, the same on every build.
 #include "afx.h"
+#include "memory.h"
 #include "string_data.h"
 
 #include <algorithm>
@@ -293,7 +294,7 @@ void CString::AppendFormatV(LPCWSTR pszFormat, va_list args) {
   if (pszFormat == nullptr) AfxThrowInvalidArgException();
   // Built apart: the arguments may point into this string.
   CString text;
-  Formatter(text, args).Run(pszFormat);
+  framework::WithMemory([&] { Formatter(text, args).Run(pszFormat); });
   Append(text);
 }
 

@@ -55,6 +55,7 @@ DWORD WINAPI CWinThread::Entry(LPVOID pThread) {
 
 DWORD CWinThread::RunHere() {
   EndOfThread end = {0, true};
+  framework::BeginMessageFilter();
   try {
     if (m_pfnThreadProc != nullptr) {
       end.exitCode = m_pfnThreadProc(m_pThreadParams);
@@ -66,6 +67,7 @@ DWORD CWinThread::RunHere() {
   } catch (const EndOfThread& asked) {
     end = asked;
   }
+  framework::EndMessageFilter();
   framework::CurrentThread().thread = nullptr;
   if (end.deleteObject) Delete();
   return end.exitCode;

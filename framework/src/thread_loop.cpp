@@ -48,7 +48,28 @@ BOOL CALLBACK UpdateCommandsOfFrame(HWND handle, LPARAM mainWindow) {
   return TRUE;
 }
 
+LRESULT CALLBACK FilterHook(int code, WPARAM wParam, LPARAM lParam) {
+  const framework::ThreadState& state = CurrentThread();
+  if (code >= 0 && state.thread != nullptr &&
+      state.thread->ProcessMessageFilter(code, reinterpret_cast<LPMSG>(lParam))) {
+    return 1;
+  }
+  return ::CallNextHookEx(state.messageFilterHook, code, wParam, lParam);
+}
+
 }  // namespace
+
+void framework::BeginMessageFilter() {
+  ThreadState& state = CurrentThread();
+  if (state.messageFilterHook != nullptr) return;
+  state.messageFilterHook = ::SetWindowsHookExW(WH_MSGFILTER, &FilterHook, nullptr, ::GetCurrentThreadId());
+}
+
+void framework::EndMessageFilter() {
+  ThreadState& state = CurrentThread();
+  if (state.messageFilterHook != nullptr) ::UnhookWindowsHookEx(state.messageFilterHook);
+  state.messageFilterHook = nullptr;
+}
 
 BOOL CWinThread::InitInstance() { return FALSE; }
 

@@ -52,4 +52,9 @@ ThreadState& CurrentThread();
 // The same, or null if this thread has none (or no longer has).
 ThreadState* CurrentThreadIfAny() noexcept;
 
+// Dialogs, menus and scroll bars have loops of their own: between these two calls the thread's
+// CWinThread sees their messages (ProcessMessageFilter).
+void BeginMessageFilter();
+void EndMessageFilter();
+
 }  // namespace framework
