@@ -1,8 +1,10 @@
-// The arrays of items, as far as they go without items.
+// The arrays of items: plain, by label, by the application's data.
 #include <afxwin.h>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string>
 #include <vector>
 
 #include "VornComCtl.h"
@@ -109,6 +111,140 @@ TEST(NameArray, TheFlagsAreStoredUnread) {
   CTreeItemNameArray flagged(7);
   EXPECT_EQ(flagged.GetSize(), 0);
   EXPECT_EQ(flagged.m_bSorted, 1);
+}
+
+// ---- With living items -------------------------------------------------------------------------------
+
+class ItemArrayTest : public testing::Test {
+ protected:
+  CVornTreeItem* New(const wchar_t* text, unsigned __int64 data = 0) {
+    return m_tree.InsertItem(text, -1, -1, STI_ROOT, STI_LAST, data);
+  }
+
+  // The labels of the elements, each followed by its data.
+  template <class Array>
+  std::wstring Text(const Array& array) {
+    std::wstring text;
+    for (long i = 0; i < array.GetSize(); ++i) {
+      text += (i ? L" " : L"") + std::wstring(m_tree.GetItemText(array[i])) +
+              std::to_wstring(m_tree.GetItemData(array[i]));
+    }
+    return text;
+  }
+
+  CVornTreeCtrl m_tree;
+};
+
+using NameArrayTest = ItemArrayTest;
+
+TEST_F(NameArrayTest, OrdersByLabelWithoutLetterCase) {
+  CTreeItemNameArray names;
+  for (const wchar_t* label : {L"b", L"D", L"a", L"C"}) {
+    CVornTreeItem* item = New(label);
+    EXPECT_TRUE(names.AddByValue(item, nullptr));
+  }
+  EXPECT_EQ(Text(names), L"a0 b0 C0 D0");
+}
+
+TEST_F(NameArrayTest, EqualLabelsAreKeptTheNewerInFront) {
+  CTreeItemNameArray names;
+  CVornTreeItem* first = New(L"A", 1);
+  CVornTreeItem* second = New(L"a", 2);
+  long index = -1;
+  EXPECT_TRUE(names.AddByValue(first, &index));
+  EXPECT_TRUE(names.AddByValue(second, &index));
+  EXPECT_EQ(index, 0);
+  EXPECT_EQ(Text(names), L"a2 A1");
+}
+
+TEST_F(NameArrayTest, FindsByLabel) {
+  CTreeItemNameArray names;
+  for (const wchar_t* label : {L"b", L"d"}) {
+    CVornTreeItem* item = New(label);
+    names.AddByValue(item, nullptr);
+  }
+  long index = -1;
+  EXPECT_TRUE(names.Search(L"D", &index));
+  EXPECT_EQ(index, 1);
+  EXPECT_FALSE(names.Search(L"c", &index));
+  EXPECT_EQ(index, 1);
+  EXPECT_FALSE(names.Search(static_cast<const wchar_t*>(nullptr), &index)) << "an empty label";
+  EXPECT_EQ(index, 0);
+  const wchar_t* wanted = L"B";
+  EXPECT_EQ(names.FindAdv(wanted), names.Array());
+  wanted = L"bb";
+  EXPECT_EQ(names.FindAdv(wanted), nullptr);
+}
+
+TEST_F(NameArrayTest, GetValueGivesTheStoredLabel) {
+  CTreeItemNameArray names;
+  CVornTreeItem* item = New(L"label");
+  const wchar_t* value = nullptr;
+  EXPECT_TRUE(names.GetValue(item, value));
+  EXPECT_STREQ(value, L"label");
+}
+
+TEST_F(NameArrayTest, AnElementThatDiedHasNoLabel) {
+  CTreeItemNameArray names;
+  CVornTreeItem* item = New(L"gone");
+  names.AddByValue(item, nullptr);
+  m_tree.DeleteItem(item);
+  EXPECT_FALSE(names.Search(L"gone", nullptr));
+  EXPECT_TRUE(names.Search(L"", nullptr));
+}
+
+using UserArrayTest = ItemArrayTest;
+
+int ByData(LPARAM data1, LPARAM data2, LPARAM) { return data1 < data2 ? -1 : data1 > data2; }
+
+TEST_F(UserArrayTest, OrdersByTheFunctionAndDropsEquals) {
+  CVornTreeItemUserArray array;
+  array.SetCompare(&m_tree, ByData, 0);
+  for (unsigned data : {3u, 1u, 2u, 1u}) array.Add(New(L"i", data), nullptr);
+  EXPECT_EQ(Text(array), L"i1 i2 i3");
+  CVornTreeItem* alike = New(L"other", 2);
+  EXPECT_EQ(array.Find(alike), array.Array() + 1);
+  long index = -1;
+  EXPECT_EQ(array.Search(alike, &index), 1);
+  EXPECT_EQ(index, 1);
+}
+
+TEST_F(UserArrayTest, TheFunctionGetsElementThenSearchedAndTheParameter) {
+  struct Call {
+    LPARAM data1, data2, param;
+  };
+  static std::vector<Call> calls;
+  calls.clear();
+  CVornTreeItemUserArray array;
+  array.SetCompare(
+      &m_tree,
+      [](LPARAM data1, LPARAM data2, LPARAM param) {
+        calls.push_back({data1, data2, param});
+        return -1;
+      },
+      4711);
+  array.Add(New(L"element", 1), nullptr);
+  EXPECT_TRUE(calls.empty());
+  array.Search(New(L"searched", 2), nullptr);
+  ASSERT_FALSE(calls.empty());
+  for (const Call& call : calls) {
+    EXPECT_EQ(call.data1, 1);
+    EXPECT_EQ(call.data2, 2);
+    EXPECT_EQ(call.param, 4711);
+  }
+}
+
+TEST_F(UserArrayTest, AssignmentTakesTheComparisonAlong) {
+  CVornTreeItemUserArray array, shared;
+  array.SetCompare(&m_tree, ByData, 0);
+  array.Add(New(L"i", 5), nullptr);
+  shared = array;
+  shared.Add(New(L"i", 9), nullptr);
+  shared.Add(New(L"i", 1), nullptr);
+  EXPECT_EQ(Text(array), L"i1 i5 i9");
+  CVornTreeItemUserArray copy(array);
+  copy.Add(New(L"i", 3), nullptr);
+  EXPECT_EQ(Text(copy), L"i1 i3 i5 i9");
 }
 
 }  // namespace
