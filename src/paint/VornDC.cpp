@@ -146,7 +146,7 @@ HBITMAP CopyBitmap(HDC dc, HBITMAP source) {
 
 int CVornDC::CreateBitmapCapture(int cx, int cy) {
   EndCapture();
-  if (m_hDC) return 0;
+  if (m_hDC || cx < 0 || cy < 0) return 0;
   m_szCapture = CSize(cx, cy);
   if (!Attach(::CreateCompatibleDC(nullptr))) return 0;
   const HBITMAP bitmap = ::CreateBitmap(cx, cy, static_cast<UINT>(GetDeviceCaps(PLANES)),
@@ -177,6 +177,7 @@ CBitmap* CVornDC::GetDCCapture(CDC* pDC, const tagRECT& rect, tagPOINT* pOffset)
   if (!pDC || m_hDC) return nullptr;
   CRect area(rect);
   if (pOffset) area.OffsetRect(*pOffset);
+  if (area.Width() < 0 || area.Height() < 0) return nullptr;
   if (!Attach(::CreateCompatibleDC(pDC->GetSafeHdc()))) return nullptr;
   auto copy = std::unique_ptr<CBitmap>(new (std::nothrow) CBitmap);
   bool done = false;

@@ -86,7 +86,7 @@ TEST_F(OptionsTree, GetImageSizeAsksTheControl) {
   CSize size(-1, -1);
   EXPECT_EQ(m_options->GetImageSize(STIL_NORMAL, &size), 1);
   EXPECT_EQ(size, CSize(0, 0)) << "no list, but a size";
-  EXPECT_EQ(m_options->GetImageSize(static_cast<VornTreeImageList>(9), &size), 0);
+  EXPECT_EQ(m_options->GetImageSize(STIL_COUNT, &size), 0);
 }
 
 TEST_F(OptionsTree, GetItemSizeMeasuresTheLabel) {
