@@ -133,7 +133,7 @@ BOOL CWinApp::WriteProfileInt(LPCWSTR lpszSection, LPCWSTR lpszEntry, int nValue
 // ---- Text --------------------------------------------------------------------------------------------
 
 CString CWinApp::GetProfileString(LPCWSTR lpszSection, LPCWSTR lpszEntry, LPCWSTR lpszDefault) {
-  const CString fallback(lpszDefault, CString::StringLength(lpszDefault));
+  CString fallback(lpszDefault, CString::StringLength(lpszDefault));
   if (lpszSection == nullptr || lpszEntry == nullptr) return fallback;
   if (m_pszRegistryKey == nullptr) {
     return ReadFileString(lpszSection, lpszEntry, fallback, m_pszProfileName);

@@ -50,7 +50,7 @@ int CVornDC::BeginBuffer(CDC* target) {
     DeleteDC();
     return 0;
   }
-  buffer.release();  // SwapBuffers finds it again in the context
+  static_cast<void>(buffer.release());  // SwapBuffers finds it again in the context
   // Drawing uses the target's coordinates; only the clip area has pixels.
   SetWindowOrg(m_rcClip.TopLeft());
   m_bPainting = TRUE;

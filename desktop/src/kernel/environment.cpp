@@ -254,7 +254,7 @@ BOOL SystemTimeToFileTime(const SYSTEMTIME* systemTime, LPFILETIME fileTime) {
     SetLastError(ERROR_INVALID_PARAMETER);
     return FALSE;
   }
-  const auto since1601 = static_cast<ULONGLONG>(seconds + static_cast<time_t>(kEpoch / kTicksPerSecond));
+  const auto since1601 = static_cast<ULONGLONG>(seconds) + kEpoch / kTicksPerSecond;
   *fileTime = FromTicks(since1601 * kTicksPerSecond + time.wMilliseconds * 10000ULL);
   return TRUE;
 }
