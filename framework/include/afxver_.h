@@ -55,7 +55,7 @@
 #endif
 
 // Methods carry these names; as macros they would be renamed by the order of includes. The free
-// functions are called by their full names: ::SendMessageW and so on.
+// functions keep both names, ::SendMessageW and ::SendMessage.
 #undef AppendMenu
 #undef CallWindowProc
 #undef ChangeMenu
@@ -180,3 +180,5 @@
 #undef WriteProfileString
 #undef SubclassWindow
 #undef Yield
+
+#include "afxwapi_.h"

@@ -147,4 +147,14 @@ TEST(CoreModule, LocksNestWithinAThread) {
   EXPECT_THROW(AfxLockGlobals(CRIT_MAX), CInvalidArgException*);
 }
 
+// Hosts call the API by its plain names; as macros these would rename methods.
+TEST(CoreApi, PlainNamesAreTheWideFunctions) {
+  EXPECT_EQ(::GetModuleHandleW(nullptr), ::GetModuleHandle(nullptr));
+  wchar_t text[32] = L"";
+  EXPECT_GT(::LoadString(extension::Handle(), 2000, text, 32), 0);
+  EXPECT_STREQ(L"Chaîne de l'extension", text);
+  EXPECT_EQ(::LoadCursorW(nullptr, IDC_ARROW), ::LoadCursor(nullptr, IDC_ARROW));
+  EXPECT_EQ(0, ::SendMessage(nullptr, WM_NULL, 0, 0));
+}
+
 }  // namespace
