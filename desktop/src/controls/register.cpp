@@ -12,6 +12,7 @@ void RegisterControlClasses() {
   RegisterControl(L"Button", CS_DBLCLKS | CS_VREDRAW | CS_HREDRAW | CS_PARENTDC, ControlProc<Button>,
                   kPointer, IDC_ARROW, nullptr);
   RegisterControl(L"Static", CS_DBLCLKS | CS_PARENTDC, ControlProc<Static>, kPointer, IDC_ARROW, nullptr);
+  RegisterControl(L"#32770", CS_SAVEBITS | CS_DBLCLKS, DefDlgProcW, DLGWINDOWEXTRA, IDC_ARROW, nullptr);
   RegisterControl(L"Edit", CS_DBLCLKS, ControlProc<Edit>, kPointer, IDC_IBEAM, nullptr);
 }
 
