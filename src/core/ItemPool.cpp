@@ -53,7 +53,13 @@ constinit void* g_oldestDead = nullptr;
 constinit void* g_newestDead = nullptr;
 constinit std::size_t g_deadCount = 0;
 
+// Changed under the lock, read without.
 constinit std::atomic<std::size_t> g_liveCount{0};
+
+void ChangeLiveCount(std::ptrdiff_t by) {
+  const std::size_t count = g_liveCount.load(std::memory_order_relaxed);
+  g_liveCount.store(count + static_cast<std::size_t>(by), std::memory_order_relaxed);
+}
 
 void** LinkOf(void* slot) { return reinterpret_cast<void**>(static_cast<char*>(slot) + kLinkOffset); }
 VORN_TOUCHES_DEAD void SetNext(void* slot, void* next) { *LinkOf(slot) = next; }
@@ -120,7 +126,7 @@ void* ItemPool::Allocate(std::size_t size) noexcept {
   if (size != kSlotSize) return nullptr;
   PoolLock lock;
   void* const slot = g_deadCount > kQuarantine ? TakeOldestDead() : TakeFresh();
-  if (slot) g_liveCount.fetch_add(1, std::memory_order_relaxed);
+  if (slot) ChangeLiveCount(1);
   return slot;
 }
 
@@ -139,7 +145,7 @@ void ItemPool::Free(void* slot) noexcept {
   }
   g_newestDead = slot;
   ++g_deadCount;
-  g_liveCount.fetch_sub(1, std::memory_order_relaxed);
+  ChangeLiveCount(-1);
 }
 
 bool ItemPool::Contains(const void* p) noexcept {

@@ -98,10 +98,11 @@ void CVornTreeOptions::Refresh() {
 void CVornTreeOptions::SetFont(CFont* pFont, int bRedraw) {
   LOGFONTW font{};
   if (!pFont || !pFont->GetSafeHandle() || !pFont->GetLogFont(&font)) return;
-  const HFONT copy = ::CreateFontIndirectW(&font);
-  if (!copy) return;
+  CFont copy;
+  if (!copy.CreateFontIndirect(&font)) return;
   m_Font.DeleteObject();
-  m_Font.Attach(copy);
+  const HGDIOBJ handle = copy.Detach();
+  if (!m_Font.Attach(handle)) ::DeleteObject(handle);
   m_nDefaultHeight = vorn::HeightOfFont(font);
   if (bRedraw) Refresh();
 }

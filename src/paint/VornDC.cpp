@@ -39,7 +39,7 @@ int CVornDC::BeginPaint(CDC* pDC) {
 
 // Makes this a memory context with a buffer as large as the clip rectangle.
 int CVornDC::BeginBuffer(CDC* target) {
-  if (m_hDC || !Attach(::CreateCompatibleDC(target->GetSafeHdc()))) return 0;
+  if (m_hDC || !CreateCompatibleDC(target)) return 0;
   auto buffer = std::unique_ptr<CBitmap>(new (std::nothrow) CBitmap);
   if (!buffer || !buffer->CreateCompatibleBitmap(target, m_rcClip.Width(), m_rcClip.Height())) {
     DeleteDC();
@@ -81,14 +81,16 @@ CWnd* CVornDC::EndPaint(tagRECT* pRect) {
   return attached;
 }
 
-// A context that a window lent goes back to it, any other is ours to delete.
+// A context that a window lent goes back to it, any other is ours to delete, with the capture on it.
 void CVornDC::CloseContext() {
   if (!m_hDC) return;
   if (m_hAttachedWnd && ::WindowFromDC(m_hDC) == m_hAttachedWnd) {
     DetachWnd();
-  } else {
-    DeleteDC();
+    return;
   }
+  DeleteDC();
+  m_bmpCapture.DeleteObject();
+  m_hCapturePrevious = nullptr;
 }
 
 void CVornDC::FillBack(unsigned long color) {
@@ -100,13 +102,12 @@ void CVornDC::FillBack(unsigned long color) {
 
 int CVornDC::AttachWnd(CWnd* pWnd) {
   if (!pWnd || !::IsWindow(pWnd->GetSafeHwnd()) || m_hDC) return 0;
-  const HDC dc = ::GetDC(pWnd->GetSafeHwnd());
-  if (!Attach(dc)) {
-    m_hAttachedWnd = nullptr;
-    return 0;
-  }
   m_hAttachedWnd = pWnd->GetSafeHwnd();
-  return 1;
+  const HDC dc = ::GetDC(m_hAttachedWnd);
+  if (Attach(dc)) return 1;
+  if (dc) ::ReleaseDC(m_hAttachedWnd, dc);
+  m_hAttachedWnd = nullptr;
+  return 0;
 }
 
 int CVornDC::DetachWnd() {
@@ -145,25 +146,18 @@ HBITMAP CopyBitmap(HDC dc, HBITMAP source) {
 }  // namespace
 
 int CVornDC::CreateBitmapCapture(int cx, int cy) {
-  EndCapture();
+  if (m_bmpCapture.GetSafeHandle()) CloseContext();
   if (m_hDC || cx < 0 || cy < 0) return 0;
   m_szCapture = CSize(cx, cy);
-  if (!Attach(::CreateCompatibleDC(nullptr))) return 0;
-  const HBITMAP bitmap = ::CreateBitmap(cx, cy, static_cast<UINT>(GetDeviceCaps(PLANES)),
-                                        static_cast<UINT>(GetDeviceCaps(BITSPIXEL)), nullptr);
-  if (m_bmpCapture.Attach(bitmap)) m_hCapturePrevious = ::SelectObject(m_hDC, bitmap);
-  if (m_hCapturePrevious) return 1;
-  DeleteDC();
-  m_bmpCapture.DeleteObject();
+  if (!CreateCompatibleDC(nullptr)) return 0;
+  const UINT planes = static_cast<UINT>(GetDeviceCaps(PLANES));
+  const UINT bits = static_cast<UINT>(GetDeviceCaps(BITSPIXEL));
+  if (m_bmpCapture.CreateBitmap(cx, cy, planes, bits, nullptr)) {
+    m_hCapturePrevious = ::SelectObject(m_hDC, m_bmpCapture.GetSafeHandle());
+    if (m_hCapturePrevious) return 1;
+  }
+  CloseContext();
   return 0;
-}
-
-// Gives up the capture before.
-void CVornDC::EndCapture() {
-  if (!m_bmpCapture.GetSafeHandle()) return;
-  DeleteDC();
-  m_bmpCapture.DeleteObject();
-  m_hCapturePrevious = nullptr;
 }
 
 CBitmap* CVornDC::GetCapturedBitmap() {
@@ -178,7 +172,7 @@ CBitmap* CVornDC::GetDCCapture(CDC* pDC, const tagRECT& rect, tagPOINT* pOffset)
   CRect area(rect);
   if (pOffset) area.OffsetRect(*pOffset);
   if (area.Width() < 0 || area.Height() < 0) return nullptr;
-  if (!Attach(::CreateCompatibleDC(pDC->GetSafeHdc()))) return nullptr;
+  if (!CreateCompatibleDC(pDC)) return nullptr;
   auto copy = std::unique_ptr<CBitmap>(new (std::nothrow) CBitmap);
   bool done = false;
   if (copy && copy->CreateCompatibleBitmap(pDC, area.Width(), area.Height())) {

@@ -76,7 +76,6 @@ class VORNCOMCTL_API CVornDC : public CDC {
 
  private:
   int BeginBuffer(CDC* target);
-  void EndCapture();
   void CloseContext();
 
   CDC* m_pTargetDC = nullptr;     // of BeginPaint(CDC*); not owned
