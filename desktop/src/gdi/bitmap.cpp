@@ -125,11 +125,7 @@ HBITMAP WINAPI CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixe
   WorldLock lock(WorldMutex());
   int depth = RoundDepth(bitsPerPixel);
   if (planes != 1 || !depth) return nullptr;
-  if (width == 0 || height == 0) {
-    width = height = 1;
-    depth = 1;
-    bits = nullptr;
-  }
+  if (width == 0 || height == 0) return FailsHere() ? nullptr : DefaultBitmap();
   HBITMAP bitmap = MakeBitmap(static_cast<int>(std::abs(static_cast<long long>(width))),
                               static_cast<int>(std::abs(static_cast<long long>(height))), depth);
   if (bitmap && bits) SetBitmapBits(bitmap, 0xffffffff, bits);

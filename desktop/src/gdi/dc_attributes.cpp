@@ -201,7 +201,7 @@ int WINAPI GetDeviceCaps(HDC handle, int index) {
   constexpr int kDotsPerInch = 96;
   int width = GetSystemMetrics(SM_CXSCREEN);
   int height = GetSystemMetrics(SM_CYSCREEN);
-  auto millimetres = [](int pixels) { return pixels * 254 / (kDotsPerInch * 10); };
+  auto millimetres = [](int pixels) { return (pixels * 254 + kDotsPerInch * 5) / (kDotsPerInch * 10); };
   switch (index) {
     case TECHNOLOGY: return DT_RASDISPLAY;
     case HORZSIZE: return millimetres(width);
@@ -215,18 +215,20 @@ int WINAPI GetDeviceCaps(HDC handle, int index) {
     case NUMBRUSHES:
     case NUMPENS:
     case NUMCOLORS: return -1;
-    case RASTERCAPS: return 0x7e99;  // blits, bitmaps, DIBs, stretching, flood fill; no palette
+    case RASTERCAPS: return 0xbe99;  // blits, bitmaps, DIBs, stretching, flood fill; no palette
     case CURVECAPS: return 0x1ff;
     case LINECAPS: return 0xfe;
     case POLYGONALCAPS: return 0xff;
-    case TEXTCAPS: return 0x7807;
+    case TEXTCAPS: return 0x79f7;
     case CLIPCAPS: return 1;
     case ASPECTX:
     case ASPECTY: return 36;
     case ASPECTXY: return 51;
     case LOGPIXELSX:
     case LOGPIXELSY: return kDotsPerInch;
-    case COLORRES: return 0;
+    case COLORRES: return 24;
+    case NUMRESERVED: return 20;
+    case DRIVERVERSION: return 0x4000;
     default: return 0;
   }
 }

@@ -14,15 +14,6 @@ constexpr long long kFar = 0x1fffffff;
 
 int Clamp(long long value) { return static_cast<int>(std::clamp(value, -kFar, kFar)); }
 
-// Alive for good, and in any number of DCs at once.
-HBITMAP DefaultBitmap() {
-  static HBITMAP bitmap = [] {
-    auto made = std::make_unique<Bitmap>(1, 1, 1);
-    return static_cast<HBITMAP>(AddStockObject(std::move(made)));
-  }();
-  return bitmap;
-}
-
 void HoldAll(const DcState& state) {
   for (HGDIOBJ object :
        {HGDIOBJ(state.pen), HGDIOBJ(state.brush), HGDIOBJ(state.font), HGDIOBJ(state.bitmap)})
@@ -52,6 +43,7 @@ HGDIOBJ SelectBitmap(DeviceContext& dc, HBITMAP handle) {
   Bitmap* bitmap = FindBitmap(handle);
   if (dc.kind != DeviceContext::Kind::Memory) return nullptr;
   if (handle == dc.state.bitmap) return handle;
+  if (!bitmap->isSection && bitmap->bitCount != 1 && bitmap->bitCount != 32) return nullptr;
   if (!bitmap->stock && bitmap->selectedInto) return nullptr;
   HBITMAP old = dc.state.bitmap;
   ReleaseBitmap(old);
@@ -71,6 +63,14 @@ HGDIOBJ Exchange(Handle& slot, HGDIOBJ object) {
 }
 
 }  // namespace
+
+HBITMAP DefaultBitmap() {
+  static HBITMAP bitmap = [] {
+    auto made = std::make_unique<Bitmap>(1, 1, 1);
+    return static_cast<HBITMAP>(AddStockObject(std::move(made)));
+  }();
+  return bitmap;
+}
 
 void Reselect(HGDIOBJ oldObject, HGDIOBJ newObject) {
   HoldObject(newObject);

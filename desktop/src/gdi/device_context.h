@@ -79,6 +79,8 @@ DeviceContext* FindDC(HDC handle);
 HDC AddDC(std::unique_ptr<DeviceContext> dc);
 // Deselects everything and frees the DC.
 void FreeDC(DeviceContext& dc);
+// What a new memory DC holds: one black pixel. Alive for good, and in any number of DCs at once.
+HBITMAP DefaultBitmap();
 // Exchanges one selected object, with its counts.
 void Reselect(HGDIOBJ oldObject, HGDIOBJ newObject);
 

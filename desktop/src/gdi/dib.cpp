@@ -195,6 +195,10 @@ std::vector<RGBQUAD> DefaultColors(int bitCount) {
   std::vector<RGBQUAD> all(256);
   std::copy(colors.begin(), colors.begin() + 8, all.begin());
   std::copy(colors.begin() + 8, colors.end(), all.end() - 8);
+  all[8] = {0xc0, 0xdc, 0xc0, 0};
+  all[9] = {0xf0, 0xca, 0xa6, 0};
+  all[246] = {0xf0, 0xfb, 0xff, 0};
+  all[247] = {0xa4, 0xa0, 0xa0, 0};
   for (size_t i = 0; i < 216; ++i) {
     all[20 + i] = {static_cast<BYTE>(i / 36 * 51), static_cast<BYTE>(i / 6 % 6 * 51),
                    static_cast<BYTE>(i % 6 * 51), 0};

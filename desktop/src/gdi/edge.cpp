@@ -50,10 +50,11 @@ void ShrinkBy(RECT& r, UINT flags) {
   if (flags & BF_BOTTOM) --r.bottom;
 }
 
-// One ring drawn if its bits name one; both bits at once are an error unless the edge is flat or mono.
-bool DrawOneRing(HDC dc, RECT& rect, UINT bits, UINT both, RingColors colors, UINT flags) {
-  if (!bits) return true;
-  bool valid = bits != both || (flags & (BF_MONO | BF_FLAT));
+// One ring is drawn if its bits name one. Both bits at once are an error unless the edge is flat or mono,
+// and nothing is drawn from there inwards.
+bool DrawOneRing(HDC dc, RECT& rect, UINT bits, UINT both, RingColors colors, UINT flags, bool valid) {
+  if (!bits) return valid;
+  valid = valid && (bits != both || (flags & (BF_MONO | BF_FLAT)));
   if (valid) DrawRing(dc, rect, colors, flags);
   ShrinkBy(rect, flags);
   return valid;
@@ -69,9 +70,8 @@ BOOL WINAPI DrawEdge(HDC dc, LPRECT rect, UINT edge, UINT flags) {
   if (GetObjectType(dc) != OBJ_DC && GetObjectType(dc) != OBJ_MEMDC) return FALSE;
   if (!rect || (flags & BF_DIAGONAL)) return FALSE;
   RECT inside = *rect;
-  bool outer = DrawOneRing(dc, inside, edge & BDR_OUTER, BDR_OUTER, OuterColors(edge, flags), flags);
-  bool inner = DrawOneRing(dc, inside, edge & BDR_INNER, BDR_INNER, InnerColors(edge, flags), flags);
-  bool valid = outer && inner;
+  bool valid = DrawOneRing(dc, inside, edge & BDR_OUTER, BDR_OUTER, OuterColors(edge, flags), flags, true);
+  valid = DrawOneRing(dc, inside, edge & BDR_INNER, BDR_INNER, InnerColors(edge, flags), flags, valid);
   if (valid && (flags & BF_MIDDLE))
     Fill(dc, inside.left, inside.top, inside.right, inside.bottom,
          flags & BF_MONO ? COLOR_WINDOW : COLOR_3DFACE);

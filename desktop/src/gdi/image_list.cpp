@@ -228,6 +228,10 @@ void FreeImageList(HIMAGELIST handle) { Lists().Remove(handle); }
 
 int LiveImageLists() { return Lists().LiveCount(); }
 
+namespace {
+const RegisterCount g_countImageLists(Counted::imageLists, LiveImageLists);
+}
+
 void ResetImageLists() {
   ForgetDrag();
   std::vector<void*> handles;

@@ -26,6 +26,27 @@ const BYTE* HatchRows(ULONG_PTR hatch) {
   return kRows[hatch < 6 ? hatch : 0];
 }
 
+// A colour on a mono bitmap: black and white in the proportion of its lightness.
+Paint DitheredPaint(uint32_t word) {
+  static const BYTE kOrder[kHatchSide][kHatchSide] = {
+      {0, 32, 8, 40, 2, 34, 10, 42},    {48, 16, 56, 24, 50, 18, 58, 26}, {12, 44, 4, 36, 14, 46, 6, 38},
+      {60, 28, 52, 20, 62, 30, 54, 22}, {3, 35, 11, 43, 1, 33, 9, 41},    {51, 19, 59, 27, 49, 17, 57, 25},
+      {15, 47, 7, 39, 13, 45, 5, 37},   {63, 31, 55, 23, 61, 29, 53, 21}};
+  uint32_t light = 30 * ((word >> 16) & 0xff) + 59 * ((word >> 8) & 0xff) + 11 * (word & 0xff);
+  uint32_t whites = (light * 64 + 12750) / 25500;
+  if (whites == 0 || whites == 64) return SolidPaint(whites ? kWhite : 0);
+  Paint paint;
+  paint.width = paint.height = kHatchSide;
+  for (const auto& row : kOrder) {
+    for (BYTE rank : row) paint.words.push_back(rank < whites ? kWhite : 0);
+  }
+  return paint;
+}
+
+Paint SolidBrushPaint(const DeviceContext& dc, COLORREF color) {
+  return dc.IsMono() ? DitheredPaint(ToWord(color & kWhite)) : SolidPaint(ColorWord(dc, color));
+}
+
 Paint HatchPaint(const DeviceContext& dc, const Brush& brush) {
   Paint paint;
   paint.width = paint.height = kHatchSide;
@@ -110,7 +131,7 @@ void FillPiecePattern(const PixelView& pixels, const RECT& piece, const Paint& p
 }
 
 void FillPiece(const PixelView& pixels, const RECT& piece, const Paint& paint, BYTE rop) {
-  if (paint.IsNone() || paint.IsSolid()) {
+  if (!UsesPattern(rop) || paint.IsNone() || paint.IsSolid()) {
     FillPieceSolid(pixels, piece, paint.IsNone() ? 0 : paint.words[0], rop);
   } else {
     FillPiecePattern(pixels, piece, paint, rop);
@@ -141,9 +162,9 @@ Paint SolidPaint(uint32_t word) {
 Paint BrushPaint(const DeviceContext& dc, HBRUSH handle) {
   Brush* brush = FindBrush(ResolveBrush(handle));
   if (!brush || brush->style == BS_NULL) return {};
-  if (brush->systemColor >= 0) return SolidPaint(ColorWord(dc, GetSysColor(brush->systemColor)));
+  if (brush->systemColor >= 0) return SolidBrushPaint(dc, GetSysColor(brush->systemColor));
   if (brush->style == BS_SOLID)
-    return SolidPaint(ColorWord(dc, brush->usesDcColor ? dc.state.brushColor : brush->color));
+    return SolidBrushPaint(dc, brush->usesDcColor ? dc.state.brushColor : brush->color);
   Paint paint = brush->style == BS_HATCHED ? HatchPaint(dc, *brush) : PatternPaint(dc, brush->pattern);
   paint.origin = {dc.state.brushOrigin.x + dc.target.origin.x, dc.state.brushOrigin.y + dc.target.origin.y};
   return paint;
