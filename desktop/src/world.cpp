@@ -100,7 +100,7 @@ void Reset() {
 LiveCounts CountLive() {
   WorldLock lock(WorldMutex());
   return {LiveWindows(), LiveGdiObjects(),        LiveDCs(),
-          LiveTimers(),  CountOf(Counted::menus), CountOf(Counted::imageLists)};
+          LiveTimers(),  CountOf(Counted::menus), LiveImageLists() + CountOf(Counted::imageLists)};
 }
 
 }  // namespace desktop
