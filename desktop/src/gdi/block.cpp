@@ -25,7 +25,8 @@ struct Axis {
     first = static_cast<int>(start) + Low(from, fromSize);
     last = static_cast<int>(end) + Low(from, fromSize);
   }
-  static int Low(int position, int size) { return size < 0 ? position + size : position; }
+  // A negative size reaches to the left or up, from the position itself.
+  static int Low(int position, int size) { return size < 0 ? position + size + 1 : position; }
   int ToLow() const { return Low(to, toSize); }
 };
 

@@ -47,6 +47,15 @@ std::optional<Parts> Split(const BYTE* bytes, size_t size) {
   return parts;
 }
 
+// Two other colours than black and white make a coloured picture.
+bool IsBlackAndWhite(const DibFormat& format) {
+  if (format.bitCount != 1) return false;
+  return std::all_of(format.colors.begin(), format.colors.end(), [](const RGBQUAD& color) {
+    int sum = color.rgbRed + color.rgbGreen + color.rgbBlue;
+    return sum == 0 || sum == 3 * 0xff;
+  });
+}
+
 std::unique_ptr<Icon> ReadIcon(const Parts& parts) {
   auto icon = std::make_unique<Icon>();
   int width = icon->width = parts.color.width;
@@ -54,7 +63,7 @@ std::unique_ptr<Icon> ReadIcon(const Parts& parts) {
   auto count = static_cast<size_t>(width) * static_cast<size_t>(height);
   icon->image.resize(count);
   icon->mask.resize(count);
-  icon->mono = parts.color.bitCount == 1;
+  icon->mono = IsBlackAndWhite(parts.color);
   for (int y = 0; y < height; ++y) {
     auto stored = static_cast<size_t>(height - 1 - y);
     size_t row = static_cast<size_t>(y) * static_cast<size_t>(width);
@@ -68,7 +77,7 @@ std::unique_ptr<Icon> ReadIcon(const Parts& parts) {
   if (parts.color.bitCount == 32) {
     icon->hasAlpha = std::any_of(icon->image.begin(), icon->image.end(), [](uint32_t w) { return w >> 24; });
   }
-  if (parts.color.bitCount == 1) {
+  if (icon->mono) {
     for (uint32_t& word : icon->image) word = NearestMono(word);
   }
   return icon;
