@@ -18,11 +18,9 @@ class VORNFW_API CDialog : public CWnd {
   // Modeless. The templates come from the resources in force.
   virtual BOOL Create(LPCWSTR lpszTemplateName, CWnd* pParentWnd = nullptr);
   virtual BOOL Create(UINT nIDTemplate, CWnd* pParentWnd = nullptr);
-  virtual BOOL CreateIndirect(const DLGTEMPLATE* lpDialogTemplate, CWnd* pParentWnd = nullptr,
-                              void* lpDialogInit = nullptr);
+  virtual BOOL CreateIndirect(const DLGTEMPLATE* lpDialogTemplate, CWnd* pParentWnd = nullptr);
   // Modal: the template to be used by DoModal.
-  BOOL InitModalIndirect(const DLGTEMPLATE* lpDialogTemplate, CWnd* pParentWnd = nullptr,
-                         void* lpDialogInit = nullptr);
+  BOOL InitModalIndirect(const DLGTEMPLATE* lpDialogTemplate, CWnd* pParentWnd = nullptr);
   // Runs the box. Returns what EndDialog was given (IDOK, IDCANCEL...), -1 if it cannot be made.
   virtual INT_PTR DoModal();
   // Ends DoModal.
@@ -48,20 +46,17 @@ class VORNFW_API CDialog : public CWnd {
   // Before the box is made; fonts and the like.
   virtual void PreInitDialog();
   BOOL CheckAutoCenter() override;
-  LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   afx_msg LRESULT HandleInitDialog(WPARAM wParam, LPARAM lParam);
-  afx_msg HBRUSH OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor);
 
-  UINT m_nIDHelp;
   LPCWSTR m_lpszTemplateName;             // name, or MAKEINTRESOURCE of the id
   const DLGTEMPLATE* m_lpDialogTemplate;  // of InitModalIndirect
-  void* m_lpDialogInit;
   CWnd* m_pParentWnd;  // as given
-  HWND m_hWndTop;      // top-level window disabled for the box
 
  private:
-  BOOL CreateFromTemplate(const DLGTEMPLATE* pTemplate, CWnd* pParentWnd, HINSTANCE hInst);
+  // The window that the box belongs to.
+  HWND FindOwner() const;
+  BOOL CreateFromTemplate(const DLGTEMPLATE* pTemplate, HWND hWndOwner, HINSTANCE hInst);
 
   DECLARE_MESSAGE_MAP()
 };

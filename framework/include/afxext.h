@@ -3,6 +3,8 @@
 
 #include <afxwin.h>
 
+#include <vector>
+
 class CDockBar;
 class CDockContext;
 
@@ -76,8 +78,6 @@ class VORNFW_API CControlBar : public CWnd {
   // The frame around the bar, floating or not.
   CFrameWnd* GetDockingFrame() const;
   BOOL IsFloating() const;
-  // Sides to which the bar may be docked, CBRS_ALIGN_ bits.
-  void EnableDocking(DWORD dwDockStyle);
 
   BOOL m_bAutoDelete;
   DWORD m_dwStyle;
@@ -102,7 +102,6 @@ class VORNFW_API CControlBar : public CWnd {
   // Draw or take off the lines of m_dwStyle; rect is in window coordinates and gets smaller.
   virtual void DrawBorders(CDC* pDC, CRect& rect);
   virtual void DoPaint(CDC* pDC);
-  BOOL DrawGripper(CDC* pDC, const CRect& rect);
   void CalcInsideRect(CRect& rect, BOOL bHorz) const;
 
   enum StateFlags { delayHide = 1, delayShow = 2, tempHide = 4, statusSet = 8 };
@@ -110,18 +109,12 @@ class VORNFW_API CControlBar : public CWnd {
  protected:
   BOOL PreCreateWindow(CREATESTRUCTW& cs) override;
   void PostNcDestroy() override;
-  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
-  virtual DWORD RecalcDelayShow(AFX_SIZEPARENTPARAMS* lpLayout);
-  BOOL SetStatusText(INT_PTR nHit);
 
   afx_msg int OnCreate(LPCREATESTRUCTW lpcs);
   afx_msg void OnDestroy();
   afx_msg HBRUSH OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor);
   afx_msg LRESULT OnSizeParent(WPARAM wParam, LPARAM lParam);
-  afx_msg LRESULT OnHelpHitTest(WPARAM wParam, LPARAM lParam);
   afx_msg LRESULT OnIdleUpdateCmdUI(WPARAM wParam, LPARAM lParam);
-  afx_msg void OnInitialUpdate();
-  afx_msg void OnLButtonDblClk(UINT nFlags, CPoint pt);
   afx_msg void OnLButtonDown(UINT nFlags, CPoint pt);
   afx_msg int OnMouseActivate(CWnd* pDesktopWnd, UINT nHitTest, UINT nMsg);
   afx_msg void OnPaint();
@@ -130,10 +123,8 @@ class VORNFW_API CControlBar : public CWnd {
 
   int m_cxLeftBorder, m_cxRightBorder;
   int m_cyTopBorder, m_cyBottomBorder;
-  int m_cxDefaultGap;
   UINT m_nMRUWidth;
   int m_nCount;
-  void* m_pData;
   UINT m_nStateFlags;
 
   DECLARE_MESSAGE_MAP()
@@ -151,43 +142,55 @@ class VORNFW_API CStatusBar : public CControlBar {
   ~CStatusBar() override;
 
   using CControlBar::Create;
+  using CControlBar::CreateEx;
   BOOL Create(CWnd* pParentWnd, DWORD dwStyle = WS_CHILD | WS_VISIBLE | CBRS_BOTTOM,
               UINT nID = AFX_IDW_STATUS_BAR);
   BOOL CreateEx(CWnd* pParentWnd, DWORD dwCtrlStyle = 0, DWORD dwStyle = WS_CHILD | WS_VISIBLE | CBRS_BOTTOM,
                 UINT nID = AFX_IDW_STATUS_BAR);
-  // One pane per id; 0 (ID_SEPARATOR) makes the first one stretch, others are as wide as their string
-  // resource.
+  // One pane per id. The first one takes what is left when its id is 0 (ID_SEPARATOR); the others are as
+  // wide as the string resource of their id.
   BOOL SetIndicators(const UINT* lpIDArray, int nIDCount);
 
+  // Panes by index from 0. An index out of range gives -1, 0 or nothing.
   int CommandToIndex(UINT nIDFind) const;
   UINT GetItemID(int nIndex) const;
   void GetItemRect(int nIndex, LPRECT lpRect) const;
   void GetPaneText(int nIndex, CString& rString) const;
   CString GetPaneText(int nIndex) const;
   BOOL SetPaneText(int nIndex, LPCWSTR lpszNewText, BOOL bUpdate = TRUE);
+  // cxWidth in pixels, without the border.
   void GetPaneInfo(int nIndex, UINT& nID, UINT& nStyle, int& cxWidth) const;
   void SetPaneInfo(int nIndex, UINT nID, UINT nStyle, int cxWidth);
-  UINT GetPaneStyle(int nIndex) const;
-  void SetPaneStyle(int nIndex, UINT nStyle);
-  class CStatusBarCtrl& GetStatusBarCtrl() const;
 
   CSize CalcFixedLayout(BOOL bStretch, BOOL bHorz) override;
   void OnUpdateCmdUI(CFrameWnd* pTarget, BOOL bDisableIfNoHndler) override;
 
  protected:
   BOOL PreCreateWindow(CREATESTRUCTW& cs) override;
-  void OnBarStyleChange(DWORD dwOldStyle, DWORD dwNewStyle) override;
-  void UpdateAllPanes(BOOL bUpdateRects, BOOL bUpdateText);
-
-  afx_msg void OnNcPaint();
+  // The system's control draws itself.
   afx_msg void OnPaint();
   afx_msg void OnSize(UINT nType, int cx, int cy);
   afx_msg LRESULT OnSetText(WPARAM wParam, LPARAM lParam);
-  afx_msg LRESULT OnGetText(WPARAM wParam, LPARAM lParam);
-  afx_msg LRESULT OnGetTextLength(WPARAM wParam, LPARAM lParam);
 
-  struct Pane;
-  Pane* GetPane(int nIndex) const;
+ private:
+  struct Pane {
+    UINT id;
+    UINT style;
+    int width;
+    CString text;
+  };
+  bool IsPane(int index) const;
+  void PlacePanes();
+  void ShowPane(int index);
+
+  std::vector<Pane> m_panes;
 
   DECLARE_MESSAGE_MAP()
 };
+
+// Styles of panes.
+#define SBPS_NORMAL 0x0000
+#define SBPS_DISABLED 0x0400
+#define SBPS_STRETCH 0x0800
+#define SBPS_POPOUT 0x0200
+#define SBPS_NOBORDERS 0x0100

@@ -47,7 +47,6 @@ class VORNFW_API CFrameWnd : public CWnd {
   // Lays the bars out around the client window (id AFX_IDW_PANE_FIRST).
   virtual void RecalcLayout(BOOL bNotify = TRUE);
   virtual void ActivateFrame(int nCmdShow = -1);
-  virtual CFrameWnd* GetActiveFrame();
   // Where the text of a menu item or of the idle state goes.
   virtual CWnd* GetMessageBar();
   virtual void GetMessageString(UINT nID, CString& rMessage) const;
@@ -65,33 +64,24 @@ class VORNFW_API CFrameWnd : public CWnd {
 
   BOOL PreTranslateMessage(MSG* pMsg) override;
   BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo) override;
-  virtual void OnUpdateFrameTitle(BOOL bAddToTitle);
 
  protected:
   // Makes the client window. 0 stops the creation of the frame.
   virtual BOOL OnCreateClient(LPCREATESTRUCTW lpcs, CCreateContext* pContext);
   BOOL PreCreateWindow(CREATESTRUCTW& cs) override;
   void PostNcDestroy() override;
-  BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
   int OnCreateHelper(LPCREATESTRUCTW lpcs, CCreateContext* pContext);
   LPCWSTR GetIconWndClass(DWORD dwDefaultStyle, UINT nIDResource);
 
   afx_msg int OnCreate(LPCREATESTRUCTW lpCreateStruct);
   afx_msg void OnDestroy();
   afx_msg void OnClose();
-  afx_msg void OnActivate(UINT nState, CWnd* pWndOther, BOOL bMinimized);
-  afx_msg BOOL OnEraseBkgnd(CDC* pDC);
   afx_msg void OnInitMenuPopup(CMenu* pMenu, UINT nIndex, BOOL bSysMenu);
   afx_msg void OnMenuSelect(UINT nItemID, UINT nFlags, HMENU hSysMenu);
-  afx_msg LRESULT OnPopMessageString(WPARAM wParam, LPARAM lParam);
   afx_msg LRESULT OnSetMessageString(WPARAM wParam, LPARAM lParam);
   afx_msg void OnIdleUpdateCmdUI();
-  afx_msg void OnEnterIdle(UINT nWhy, CWnd* pWho);
-  afx_msg void OnSetFocus(CWnd* pOldWnd);
   afx_msg void OnSize(UINT nType, int cx, int cy);
-  afx_msg void OnSysCommand(UINT nID, LPARAM lParam);
 
-  UINT m_nIDHelp;
   UINT m_nIDTracking;     // command whose text is shown
   UINT m_nIDLastMessage;  // last one asked for by WM_SETMESSAGESTRING
   BOOL m_bInRecalcLayout;

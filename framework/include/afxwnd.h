@@ -256,7 +256,6 @@ class VORNFW_API CWnd : public CCmdTarget {
   BOOL UpdateData(BOOL bSaveAndValidate = TRUE);
   // Brings the buttons of a dialog up to date through pTarget's update handlers.
   void UpdateDialogControls(CCmdTarget* pTarget, BOOL bDisableIfNoHndler);
-  BOOL ExecuteDlgInit(LPCWSTR lpszResourceName);
 
   // --- Scrolling --------------------------------------------------------------------------------
 
@@ -286,7 +285,6 @@ class VORNFW_API CWnd : public CCmdTarget {
 
   // --- Overridables -----------------------------------------------------------------------------
 
-  BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo) override;
   // For messages outside of the dispatcher: lets a control answer its own notification.
   BOOL SendChildNotifyLastMsg(LRESULT* pResult = nullptr);
   static BOOL PASCAL ReflectLastMsg(HWND hWndChild, LRESULT* pResult = nullptr);
@@ -409,6 +407,9 @@ class VORNFW_API CWnd : public CCmdTarget {
   afx_msg void OnWindowPosChanged(WINDOWPOS* lpwndpos);
   afx_msg void OnWindowPosChanging(WINDOWPOS* lpwndpos);
 
+  // For the insert-after values.
+  explicit CWnd(HWND hWnd);
+
   WNDPROC m_pfnSuper;  // procedure of before, for a subclassed window
   HWND m_hWndOwner;    // set by SetOwner
   int m_nModalResult;  // of EndModalLoop
@@ -440,8 +441,7 @@ class VORNFW_API CWnd : public CCmdTarget {
 // traits give the same name. Throws CResourceException when the class cannot be registered.
 VORNFW_API LPCWSTR AFXAPI AfxRegisterWndClass(UINT nClassStyle, HCURSOR hCursor = nullptr,
                                               HBRUSH hbrBackground = nullptr, HICON hIcon = nullptr);
-// As RegisterClass, but a class that is registered already counts as success; the classes of a DLL are
-// unregistered when it goes.
+// As RegisterClass, but a class that is registered already counts as success.
 VORNFW_API BOOL AFXAPI AfxRegisterClass(WNDCLASSW* lpWndClass);
 
 // The window procedure of every window of the framework. Lets no exception out.

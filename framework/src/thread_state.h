@@ -39,7 +39,8 @@ struct ThreadState {
   HHOOK messageFilterHook = nullptr;
   CWnd* alternateMainWindow = nullptr;
   HWND routingFrame = nullptr;
-  int temporaryLock = 0;  // above 0: temporary wrappers stay (see AfxLockTempMaps)
+  HWND exchangingDialog = nullptr;  // inside UpdateData, whose notifications are not for handlers
+  int temporaryLock = 0;            // above 0: temporary wrappers stay (see AfxLockTempMaps)
 
   // The loop: what the last idle-relevant mouse message was.
   MSG messageOfLoop = {};
