@@ -99,7 +99,7 @@ BOOL WINAPI PatBlt(HDC handle, int x, int y, int width, int height, DWORD code) 
   if (UsesSource(rop)) return FALSE;
   BlitShape shape = ShapeOf(*dc, {x, y, width, height}, nullptr, {});
   RECT area{shape.x, shape.y, shape.x + shape.width, shape.y + shape.height};
-  // A negative size reaches to the left or up, and leaves out the pixel it starts from... by one.
+  // A negative size reaches to the left or up, the starting point included.
   if (shape.width < 0) area = {area.right + 1, area.top, area.left + 1, area.bottom};
   if (shape.height < 0) area = {area.left, area.bottom + 1, area.right, area.top + 1};
   FillArea(*dc, area, BrushPaint(*dc, dc->state.brush), rop);

@@ -285,7 +285,6 @@ int WINAPI ImageList_AddMasked(HIMAGELIST handle, HBITMAP imageHandle, COLORREF 
   ImageList* list = FindImageList(handle);
   Bitmap* bitmap = FindBitmap(imageHandle);
   if (!list || !bitmap) return -1;
-  if (!list->HasMask()) return AppendBitmap(*list, *bitmap, nullptr);
   PixelView view = bitmap->View();
   uint32_t hole = maskColor == CLR_DEFAULT ? view.row(0)[0] & 0xffffff : ToWord(maskColor & 0xffffff);
   Bitmap mask(bitmap->width, bitmap->height, 1);

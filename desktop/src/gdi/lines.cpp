@@ -32,12 +32,8 @@ RECT ShapeBox(const DeviceContext& dc, int left, int top, int right, int bottom)
   return box;
 }
 
-void DrawRounded(DeviceContext& dc, RECT box, int width, int height) {
+void DrawRounded(DeviceContext& dc, const RECT& box, int width, int height) {
   Stroke stroke(dc);
-  if (!stroke.Draws()) {
-    --box.right;
-    --box.bottom;
-  }
   Region shape = RoundedRegion(box, width, height);
   FillArea(dc, shape, BrushPaint(dc, dc.state.brush), TernaryFromRop2(dc.state.rop2));
   stroke.Outline(shape);

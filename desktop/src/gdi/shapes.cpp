@@ -15,7 +15,9 @@ int CornerInset(int row, int width, int height) {
   double b = height / 2.0;
   double y = b - (row + 0.5);
   if (y <= 0) return 0;
-  return static_cast<int>(std::lround(a - a * std::sqrt(std::max(0.0, 1 - y * y / (b * b)))));
+  // A pixel belongs to the shape when clearly more than half of it does.
+  constexpr double kBias = 0.7;
+  return static_cast<int>(a - a * std::sqrt(std::max(0.0, 1 - y * y / (b * b))) + kBias);
 }
 
 struct Crossing {
