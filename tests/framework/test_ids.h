@@ -1,8 +1,8 @@
 // Numbers of the test program's resources. For C++ and for resources.
 #pragma once
 
-#define IDR_TEST_FRAME 2000
-#define IDD_TEST_DIALOG 2001
+#define IDR_TEST_FRAME 2100
+#define IDD_TEST_DIALOG 2101
 #define IDC_TEST_OPEN 33000
 #define IDC_TEST_NOBODY 33001
 #define IDS_TEST_PANE 33002
