@@ -102,7 +102,7 @@ void EraseOne(HWND handle) {
   if (done) return;
   WorldLock lock(WorldMutex());
   Window* window = FromHandle(handle);
-  if (window) window->update.erase = window->update.delayedErase = true;
+  if (window) window->update.delayedErase = true;
 }
 
 std::vector<HWND> Waiting(HWND handle, UINT flags) {
@@ -313,7 +313,7 @@ HDC WINAPI BeginPaint(HWND handle, LPPAINTSTRUCT ps) {
   if (!window) return nullptr;
   *ps = {};
   ps->hdc = dc;
-  ps->fErase = window->update.erase;
+  ps->fErase = window->update.delayedErase;
   GetClipBox(dc, &ps->rcPaint);
   const bool whole = window->update.region.IsEmpty();
   if (whole) ps->rcPaint = {};

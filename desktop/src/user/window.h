@@ -52,7 +52,7 @@ struct ScrollBar {
 struct UpdateState {
   Region region;  // in coordinates of the whole window
   bool erase = false;
-  bool delayedErase = false;  // WM_ERASEBKGND refused: BeginPaint asks again
+  bool delayedErase = false;  // WM_ERASEBKGND was refused: BeginPaint tells so
   bool nonclient = false;
   bool internalPaint = false;
   bool Any() const { return !region.IsEmpty() || internalPaint; }
