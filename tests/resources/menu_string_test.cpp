@@ -29,7 +29,7 @@ std::wstring PopupText(int number) {
       continue;
     }
     GetMenuStringW(popup, static_cast<UINT>(i), caption, 80, MF_BYPOSITION);
-    text += L"|" + std::to_wstring(GetMenuItemID(popup, i)) + L" " + caption;
+    text.append(L"|").append(std::to_wstring(GetMenuItemID(popup, i))).append(L" ").append(caption);
   }
   if (GetMenuItemCount(menu) != 1) text += L"|more pop-ups";
   DestroyMenu(menu);
@@ -39,7 +39,7 @@ std::wstring PopupText(int number) {
 std::wstring StringText(UINT number) {
   wchar_t text[100] = L"unchanged";
   const int length = LoadStringW(Library(), number, text, 100);
-  return length > 0 ? std::wstring(text, static_cast<size_t>(length)) : L"";
+  return {text, static_cast<size_t>(length)};
 }
 
 TEST(Menus, RightDragMenuOffersMoveCopyShortcutAndCancel) {
