@@ -121,6 +121,9 @@ TEST(Paint, AWindowWithoutBrushKeepsTheEraseFlag) {
   options.background = -1;
   HostWindow host(options);
   UpdateWindow(host);
+  log.Clear();
+  InvalidateRect(host, nullptr, TRUE);
+  UpdateWindow(host);
   EXPECT_LOG(log, "erase\npaint 0,0,10,6 erase");
 }
 
