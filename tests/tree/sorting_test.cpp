@@ -143,7 +143,7 @@ TEST(SortChildrenByName, GivesTheOrderOfOneByOneInsertion) {
   for (int round = 0; round < 40; ++round) {
     TestTree tree;
     std::vector<CVornTreeItem*> items;
-    const unsigned labels = 1 + random() % 12;
+    const unsigned labels = 1 + static_cast<unsigned>(random() % 12);
     for (int i = 0; i < 120; ++i) {
       const std::string label(1, static_cast<char>((random() % 2 ? 'a' : 'A') + random() % labels));
       items.push_back(tree.Add(label));
@@ -164,7 +164,7 @@ TEST(SortChildren, GivesTheOrderOfOneByOneInsertion) {
   TestTree tree;
   std::vector<unsigned> values;
   for (int i = 0; i < 6000; ++i) {
-    values.push_back(random() % 100000);
+    values.push_back(static_cast<unsigned>(random() % 100000));
     tree.InsertItem(L"", -1, -1, STI_ROOT, STI_LAST, values.back());
   }
   STSORTCB sort{tree.GetRootItem(), ByData, 0};
