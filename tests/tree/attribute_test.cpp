@@ -1,4 +1,6 @@
 // Texts, data, images, states, check marks, fonts and colours.
+#include <utility>
+
 #include "tree/model/VornTreeItem.h"
 #include "tree/test_tree.h"
 
@@ -6,13 +8,16 @@ namespace {
 
 using support::TestTree;
 
-// Runs first in its program only by name; the buffer behind it lasts as long as the process.
+// The buffer behind it lasts as long as the process: the first half of this can be seen once only.
 TEST(AAItemText, OfADeadItemIsEmptyUntilTheRootIsAskedFor) {
+  static bool neverAsked = true;
   TestTree tree;
   CVornTreeItem* const dead = tree.Add("x");
   tree.DeleteItem(dead);
   tree.log.Clear();
-  EXPECT_STREQ(tree.GetItemText(dead), L"");
+  if (std::exchange(neverAsked, false)) {
+    EXPECT_STREQ(tree.GetItemText(dead), L"");
+  }
   EXPECT_STREQ(tree.GetItemText(STI_ROOT), L"Root");
   EXPECT_STREQ(tree.GetItemText(dead), L"Root");
   EXPECT_STREQ(tree.GetItemText(tree.GetRootItem()), L"");
