@@ -119,9 +119,7 @@ int LiveIcons() {
 
 void ResetIcons() {
   std::vector<void*> handles;
-  Icons().ForEach([&](void* handle, Icon& icon) {
-    if (!icon.shared) handles.push_back(handle);
-  });
+  Icons().ForEach([&](void* handle, Icon&) { handles.push_back(handle); });
   for (void* handle : handles) Icons().Remove(handle);
 }
 

@@ -27,7 +27,7 @@ Icon* FindIcon(HICON handle);
 HICON AddIcon(std::unique_ptr<Icon> icon);
 // Live icons and cursors that are not shared.
 int LiveIcons();
-// Frees all icons that are not shared.
+// Frees all icons, shared ones too: their modules' tables are emptied by the same reset.
 void ResetIcons();
 
 }  // namespace desktop

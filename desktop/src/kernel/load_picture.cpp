@@ -10,6 +10,7 @@
 
 #include <windows.h>
 
+#include "gdi/window_dc.h"
 #include "kernel.h"
 #include "resource.h"
 #include "system_pictures.h"
@@ -185,6 +186,7 @@ HICON LoadShared(HINSTANCE module, LPCWSTR name, bool isIcon, int cx, int cy, UI
   const HICON made = module ? LoadFromGroup(module, name, isIcon, cx, cy, flags)
                             : (isIcon ? MakeSystemIcon(key.id) : MakeSystemCursor(key.id));
   if (!made) return nullptr;
+  ShareIcon(made);
   WorldLock lock(WorldMutex());
   return Shared()[slot] = made;
 }
