@@ -10,7 +10,7 @@ CString TakeWord(LPCWSTR& text) {
   const bool quoted = *text == L'"';
   if (quoted) ++text;
   const int length = static_cast<int>(std::wcscspn(text, quoted ? L"\"" : L" \t"));
-  const CString word(text, length);
+  CString word(text, length);
   text += length;
   if (quoted && *text == L'"') ++text;
   return word;
