@@ -89,8 +89,10 @@ TEST(VornIsTreeCtrlWindowTest, OnlyTheExactClassName) {
     ::DestroyWindow(window);
     EXPECT_EQ(VornIsTreeCtrlWindow(window), 0) << "a window that is gone";
   }
-  ::UnregisterClassW(L"VornLibrary::VornTreeCtrlEx", library);
-  ::UnregisterClassW(L"VornLibrary::VornTree", library);
+  for (const HINSTANCE owner : {library, AfxGetInstanceHandle()}) {
+    ::UnregisterClassW(L"VornLibrary::VornTreeCtrlEx", owner);
+    ::UnregisterClassW(L"VornLibrary::VornTree", owner);
+  }
   EXPECT_EQ(VornIsTreeCtrlWindow(nullptr), 0);
 }
 

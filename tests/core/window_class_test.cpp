@@ -20,21 +20,28 @@ const Known kClasses[] = {
     {L"VornLibrary::VornReportWnd", 0x0008},
 };
 
+// Known to the library and to the program alike.
 bool Exists(const wchar_t* name) {
   WNDCLASSW info{};
-  return ::GetClassInfoW(Library(), name, &info) != FALSE;
+  const bool toLibrary = ::GetClassInfoW(Library(), name, &info) != FALSE;
+  const bool toProgram = ::GetClassInfoW(AfxGetInstanceHandle(), name, &info) != FALSE;
+  EXPECT_EQ(toLibrary, toProgram);
+  return toLibrary && toProgram;
 }
 
 TEST(WindowClasses, StartUpRegistersFour) {
   EXPECT_NE(AfxInitVornComCtl(), 0);
-  for (const Known& known : kClasses) {
+  const HINSTANCE owners[] = {Library(), AfxGetInstanceHandle()};
+  for (int i = 0; i < 8; ++i) {
+    const Known& known = kClasses[i / 2];
+    const HINSTANCE owner = owners[i % 2];
     SCOPED_TRACE(known.style);
     WNDCLASSW info{};
-    ASSERT_TRUE(::GetClassInfoW(Library(), known.name, &info));
+    ASSERT_TRUE(::GetClassInfoW(owner, known.name, &info));
     EXPECT_EQ(info.style, known.style);
     EXPECT_EQ(info.cbClsExtra, 0);
     EXPECT_EQ(info.cbWndExtra, 0);
-    EXPECT_EQ(info.hInstance, Library());
+    EXPECT_EQ(info.hInstance, owner);
     EXPECT_EQ(info.hIcon, nullptr);
     EXPECT_EQ(info.hCursor, ::LoadCursorW(nullptr, IDC_ARROW));
     EXPECT_EQ(info.hbrBackground, ::GetSysColorBrush(COLOR_BTNFACE));
@@ -62,6 +69,7 @@ TEST(WindowClasses, AnyClassCanBeRegistered) {
   EXPECT_EQ(::SendMessageW(window, WM_USER, 1, 2), 0);
   ::DestroyWindow(window);
   EXPECT_TRUE(::UnregisterClassW(name, Library()));
+  EXPECT_TRUE(::UnregisterClassW(name, AfxGetInstanceHandle()));
 }
 
 TEST(WindowClasses, AClassWithoutANameIsRefused) {
@@ -83,8 +91,10 @@ TEST(WindowClasses, UnregisteringLeavesTheTreeControl) {
 
 TEST(WindowClasses, UnregisteringTellsWhetherAnyWent) {
   AfxInitVornComCtl();
-  ::UnregisterClassW(L"VornLibrary::VornToolTip", Library());
-  ::UnregisterClassW(L"VornLibrary::VornBar", Library());
+  for (const HINSTANCE owner : {Library(), AfxGetInstanceHandle()}) {
+    ::UnregisterClassW(L"VornLibrary::VornToolTip", owner);
+    ::UnregisterClassW(L"VornLibrary::VornBar", owner);
+  }
   EXPECT_NE(AfxVornUnregisterClasses(), 0);
 }
 
@@ -94,10 +104,20 @@ TEST(WindowClasses, AClassInUseStays) {
                                         nullptr, Library(), nullptr);
   ASSERT_NE(window, nullptr);
   AfxVornUnregisterClasses();
-  EXPECT_TRUE(Exists(L"VornLibrary::VornBar"));
+  WNDCLASSW info{};
+  EXPECT_TRUE(::GetClassInfoW(Library(), L"VornLibrary::VornBar", &info));
   ::DestroyWindow(window);
   AfxVornUnregisterClasses();
   EXPECT_FALSE(Exists(L"VornLibrary::VornBar"));
+}
+
+TEST(WindowClasses, TheFrameworkCreatesWindowsOfThem) {
+  AfxInitVornComCtl();
+  for (const Known& known : kClasses) {
+    CWnd window;
+    EXPECT_TRUE(window.CreateEx(0, known.name, L"", WS_POPUP, CRect(0, 0, 10, 10), nullptr, 0));
+    window.DestroyWindow();
+  }
 }
 
 }  // namespace
