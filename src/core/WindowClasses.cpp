@@ -29,7 +29,7 @@ int Unregister(const wchar_t* className) {
 }  // namespace
 
 int AfxVornRegisterClass(unsigned int style, const wchar_t* className) {
-  if (!className) return 0;
+  if (!className || !*className) return 0;
   // The class is the library's; but the framework and dialog templates name the program when they create a
   // window, so it is known there, too.
   const int forLibrary = RegisterFor(vorn::ModuleInstance(), style, className);

@@ -98,18 +98,18 @@ TEST(VornIsTreeCtrlWindowTest, OnlyTheExactClassName) {
 
 // Window classes are known without letter case, and the spelling of the registration is what counts.
 TEST(VornIsTreeCtrlWindowTest, CaseMatters) {
-  const HINSTANCE program = ::GetModuleHandleW(nullptr);
+  const HINSTANCE owner = ::GetModuleHandleW(L"VornFramework");  // one that has no such class yet
   WNDCLASSW info{};
   info.lpfnWndProc = ::DefWindowProcW;
-  info.hInstance = program;
+  info.hInstance = owner;
   info.lpszClassName = L"vornlibrary::vorntreectrl";
   ASSERT_NE(::RegisterClassW(&info), 0);
-  const HWND window = ::CreateWindowExW(0, info.lpszClassName, L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
-                                        program, nullptr);
+  const HWND window =
+      ::CreateWindowExW(0, info.lpszClassName, L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, owner, nullptr);
   ASSERT_NE(window, nullptr);
   EXPECT_EQ(VornIsTreeCtrlWindow(window), 0);
   ::DestroyWindow(window);
-  ::UnregisterClassW(info.lpszClassName, program);
+  ::UnregisterClassW(info.lpszClassName, owner);
 }
 
 TEST(VornIsApplicationActiveTest, ComparesTopLevelAncestors) {
