@@ -58,12 +58,17 @@ TEST_F(OptionsTree, BelongToTheirControl) { EXPECT_EQ(m_options->GetParent(), &m
 TEST_F(OptionsTree, EveryColorSetterRepaintsTheWholeControl) {
   CRect client;
   m_tree.GetClientRect(&client);
-  using Setter = void (CVornTreeOptions::*)(unsigned long);
-  for (const Setter setter : {&CVornTreeOptions::SetBkColor, &CVornTreeOptions::SetTextColor,
-                              &CVornTreeOptions::SetGrayTextColor, &CVornTreeOptions::SetTextHighLightColor,
-                              &CVornTreeOptions::SetHighLightColor, &CVornTreeOptions::SetShowAlwaysColor}) {
+  void (*const setters[])(CVornTreeOptions&) = {
+      [](CVornTreeOptions& options) { options.SetBkColor(0x123456); },
+      [](CVornTreeOptions& options) { options.SetTextColor(0x123456); },
+      [](CVornTreeOptions& options) { options.SetGrayTextColor(0x123456); },
+      [](CVornTreeOptions& options) { options.SetTextHighLightColor(0x123456); },
+      [](CVornTreeOptions& options) { options.SetHighLightColor(0x123456); },
+      [](CVornTreeOptions& options) { options.SetShowAlwaysColor(0x123456); },
+  };
+  for (const auto set : setters) {
     TakeUpdate();
-    (m_options->*setter)(0x123456);
+    set(*m_options);
     EXPECT_EQ(TakeUpdate(), client);
   }
 }
