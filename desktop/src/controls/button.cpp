@@ -134,7 +134,7 @@ LRESULT Button::HandleInput(UINT message, WPARAM wParam, LPARAM lParam) {
       if ((wParam & MK_LBUTTON) && m_byMouse && GetCapture() == Window()) SetState(BST_PUSHED, inside);
       return 0;
     case WM_CAPTURECHANGED:
-      if (m_byMouse) {
+      if (m_byMouse && reinterpret_cast<HWND>(lParam) != Window()) {
         m_byMouse = false;
         SetState(BST_PUSHED, false);
       }

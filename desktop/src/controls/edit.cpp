@@ -70,6 +70,11 @@ void Edit::OnSetFont(HFONT font, bool redraw) {
 void Edit::OnSetFocus() {
   m_focused = true;
   if (m_start != m_end && !(m_style & ES_NOHIDESEL)) InvalidateText();
+  if (!IsMultiline()) {
+    // One line shows at once what the focus changes.
+    const ControlDC dc(Window(), m_font);
+    Paint(dc);
+  }
   CreateCaret(Window(), nullptr, 1, m_lineHeight);
   PlaceCaret();
   ShowCaret(Window());
@@ -236,10 +241,12 @@ LRESULT Edit::HandleInput(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     case WM_CHAR: OnChar(static_cast<wchar_t>(wParam)); return 0;
     case WM_LBUTTONDOWN: OnLeftDown(wParam, PointOf(lParam)); return 0;
-    case WM_LBUTTONDBLCLK: OnDoubleClick(PointOf(lParam)); return 0;
+    case WM_LBUTTONDBLCLK: OnDoubleClick(); return 0;
     case WM_MOUSEMOVE: OnMouseMove(PointOf(lParam)); return 0;
     case WM_LBUTTONUP: OnLeftUp(); return 0;
-    case WM_CAPTURECHANGED: m_capturing = false; return 0;
+    case WM_CAPTURECHANGED:
+      if (reinterpret_cast<HWND>(lParam) != Window()) m_capturing = false;
+      return 0;
     case WM_TIMER: OnTimer(); return 0;
     case WM_CONTEXTMENU: OnContextMenu(PointOf(lParam)); return 0;
     case WM_MOUSEWHEEL: {

@@ -47,7 +47,7 @@ class Edit : public Control {
   void OnKeyDown(int key);
   void OnChar(wchar_t character);
   void OnLeftDown(WPARAM keys, POINT point);
-  void OnDoubleClick(POINT point);
+  void OnDoubleClick();
   void OnMouseMove(POINT point);
   void OnLeftUp();
   void OnTimer();

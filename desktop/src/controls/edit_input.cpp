@@ -162,12 +162,11 @@ void Edit::OnLeftDown(WPARAM keys, POINT point) {
   if (!m_focused) SetFocus(Window());
 }
 
-// A word with the blanks behind it.
-void Edit::OnDoubleClick(POINT point) {
-  const size_t index = IndexAt(point);
+// The word at the caret, which the first click has put there, with the blanks behind it.
+void Edit::OnDoubleClick() {
   m_capturing = true;
   SetCapture(Window());
-  size_t begin = std::min(index, m_text.size());
+  size_t begin = m_end;
   if (m_password) return SetSelection(0, m_text.size());
   while (begin > 0 && !iswspace(static_cast<wint_t>(m_text[begin - 1]))) --begin;
   SetSelection(begin, WordRight(begin));

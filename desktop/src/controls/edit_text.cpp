@@ -106,8 +106,8 @@ void Edit::SetSelectionByMessage(long long start, long long end) {
   const size_t length = m_text.size();
   const size_t from = std::min(static_cast<size_t>(start), length);
   const size_t to = end < 0 ? length : std::min(static_cast<size_t>(end), length);
-  // The caret ends up behind the selection.
-  SetSelection(std::min(from, to), std::max(from, to));
+  // The caret is at the end, which may lie before the start.
+  SetSelection(from, to);
 }
 
 void Edit::DoUndo() {

@@ -56,7 +56,8 @@ LRESULT ListBox::Insert(int index, LPARAM text, bool sorted) {
 
 LRESULT ListBox::Delete(int index) {
   if (!IsRow(index)) return LB_ERR;
-  if (IsOwnerDrawn()) {
+  // Whoever draws rows, or has hung data on them, hears of their end.
+  if (IsOwnerDrawn() || At(index).data) {
     const UINT id = static_cast<UINT>(GetDlgCtrlID(Window()));
     DELETEITEMSTRUCT gone{OwnerDrawType(), id, static_cast<UINT>(index), Window(), At(index).data};
     SendMessageW(Owner(), WM_DELETEITEM, id, reinterpret_cast<LPARAM>(&gone));
@@ -73,7 +74,11 @@ LRESULT ListBox::Delete(int index) {
 }
 
 void ListBox::Clear() {
-  while (IsOwnerDrawn() && Count() > 0 && IsWindow(Window())) Delete(Count() - 1);
+  while (Count() > 0 && IsWindow(Window()) && (IsOwnerDrawn() || At(Count() - 1).data)) {
+    const int before = Count();
+    Delete(before - 1);
+    if (Count() >= before) break;
+  }
   m_rows.clear();
   m_top = 0;
   m_current = -1;
@@ -212,7 +217,7 @@ LRESULT ListBox::HandleInput(UINT message, WPARAM wParam, LPARAM lParam) {
   const POINT point{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
   switch (message) {
     case WM_LBUTTONDOWN:
-      if (!m_focused) SetFocus(Window());
+      if (!m_focused && TakesFocus()) SetFocus(Window());
       m_tracking = true;
       SetCapture(Window());
       if (RowAt(point) >= 0) Choose(RowAt(point), wParam);
@@ -226,7 +231,9 @@ LRESULT ListBox::HandleInput(UINT message, WPARAM wParam, LPARAM lParam) {
       if (GetCapture() == Window()) ReleaseCapture();
       Tell(LBN_SELCHANGE);
       return 0;
-    case WM_CAPTURECHANGED: m_tracking = false; return 0;
+    case WM_CAPTURECHANGED:
+      if (reinterpret_cast<HWND>(lParam) != Window()) m_tracking = false;
+      return 0;
     case WM_LBUTTONDBLCLK: Tell(LBN_DBLCLK); return 0;
     case WM_KEYDOWN: OnKey(wParam); return 0;
     case WM_CHAR: {

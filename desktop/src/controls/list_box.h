@@ -17,6 +17,7 @@ class ListBox : public Control {
   // The list of a combo box tells the combo box instead of the parent.
   virtual void Tell(int code);
   virtual HWND Owner() const { return GetParent(Window()); }
+  virtual bool TakesFocus() const { return true; }
   virtual UINT OwnerDrawType() const { return ODT_LISTBOX; }
 
  private:

@@ -146,6 +146,7 @@ FoundItem PlaceFor(HMENU handle, UINT item, bool byPosition) {
 bool Insert(const FoundItem& place, const MENUITEMINFOW& info) {
   MenuItem item;
   if (!SetInfo(*place.menu, item, info)) return false;
+  if (item.IsSeparator()) item.state |= MFS_DISABLED;
   place.menu->items.insert(place.menu->items.begin() + place.position, std::move(item));
   return true;
 }

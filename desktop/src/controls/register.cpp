@@ -2,6 +2,7 @@
 #include <commctrl.h>
 
 #include "controls/button.h"
+#include "controls/combo_box.h"
 #include "controls/controls.h"
 #include "controls/edit.h"
 #include "controls/list_box.h"
@@ -16,6 +17,10 @@ void RegisterControlClasses() {
   constexpr int kPointer = sizeof(void*);
   constexpr UINT kRedraw = CS_VREDRAW | CS_HREDRAW;
   RegisterControl(L"Button", CS_DBLCLKS | kRedraw | CS_PARENTDC, ControlProc<Button>, kPointer, IDC_ARROW,
+                  nullptr);
+  RegisterControl(L"ComboBox", CS_DBLCLKS | kRedraw | CS_PARENTDC, ControlProc<ComboBox>, kPointer, IDC_ARROW,
+                  nullptr);
+  RegisterControl(L"ComboLBox", CS_DBLCLKS | CS_SAVEBITS, ControlProc<ComboList>, kPointer, IDC_ARROW,
                   nullptr);
   RegisterControl(L"Edit", CS_DBLCLKS | CS_PARENTDC, ControlProc<Edit>, kPointer, IDC_IBEAM, nullptr);
   RegisterControl(L"ListBox", CS_DBLCLKS, ControlProc<ListBox>, kPointer, IDC_ARROW, nullptr);
