@@ -209,12 +209,16 @@ TEST_F(DialogTest, ModalEndsWithItsResult) {
 TEST_F(DialogTest, ModalDisablesItsOwnerMeanwhile) {
   bool enabled = true;
   bool visible = false;
-  HWND active = nullptr;
-  const Later answer(30, [&] {
-    active = GetActiveWindow();
+  HWND idle = nullptr;
+  // The owner is told when the dialog is shown and has nothing to do.
+  host.SetHandler([&](HWND, UINT message, WPARAM wParam, LPARAM lParam) -> std::optional<LRESULT> {
+    if (message != WM_ENTERIDLE || idle) return std::nullopt;
+    EXPECT_EQ(static_cast<WPARAM>(MSGF_DIALOGBOX), wParam);
+    idle = reinterpret_cast<HWND>(lParam);
     enabled = IsWindowEnabled(host);
-    visible = IsWindowVisible(active);
-    PostMessageW(active, WM_COMMAND, IDOK, 0);
+    visible = IsWindowVisible(idle);
+    PostMessageW(idle, WM_COMMAND, IDOK, 0);
+    return 0;
   });
   EXPECT_EQ(IDOK, Run([](HWND window, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
               if (message == WM_COMMAND && LOWORD(wParam) == IDOK) EndDialog(window, IDOK);
@@ -222,7 +226,7 @@ TEST_F(DialogTest, ModalDisablesItsOwnerMeanwhile) {
             }));
   EXPECT_FALSE(enabled);
   EXPECT_TRUE(visible);
-  EXPECT_FALSE(IsWindow(active));
+  EXPECT_FALSE(IsWindow(idle));
   EXPECT_TRUE(IsWindowEnabled(host));
   EXPECT_EQ(host.Handle(), GetActiveWindow());
 }

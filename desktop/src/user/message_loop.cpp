@@ -111,10 +111,14 @@ UINT Wanted(const Filter& filter) {
 
 bool TakeMessage(const std::shared_ptr<Queue>& queue, const Filter& filter, MSG& msg) {
   const UINT wanted = Wanted(filter);
+  {
+    // Ahead of the first look: what comes from now on must end the next wait.
+    WorldLock lock(WorldMutex());
+    queue->changed = 0;
+  }
   ReceiveSent();
   {
     WorldLock lock(WorldMutex());
-    queue->changed = 0;
     if ((wanted & QS_POSTMESSAGE) && (TakePosted(*queue, filter, msg) || TakeQuit(*queue, filter, msg)))
       return true;
   }
@@ -162,7 +166,7 @@ void WaitInRealTime(Queue& queue, unsigned long long due) {
 
 // Waits until something changes for the queue or something falls due. Lock held.
 void Idle(Queue& queue) {
-  if (queue.changed) return;
+  if (queue.changed || !queue.sent.empty()) return;
   const unsigned long long due = NextDue(queue);
   if (due <= ClockNow()) return;
   if (due == ~0ull) return WaitForWork(queue, 0);
