@@ -6,13 +6,13 @@
 
 namespace {
 
-void* Allocate(std::size_t size) noexcept {
-  if (desktop::AllocationFailsHere()) return nullptr;
+void* Allocate(std::size_t size, const void* caller) noexcept {
+  if (desktop::AllocationFailsHere(caller)) return nullptr;
   return std::malloc(size ? size : 1);
 }
 
-void* AllocateAligned(std::size_t size, std::size_t alignment) noexcept {
-  if (desktop::AllocationFailsHere()) return nullptr;
+void* AllocateAligned(std::size_t size, std::size_t alignment, const void* caller) noexcept {
+  if (desktop::AllocationFailsHere(caller)) return nullptr;
   return std::aligned_alloc(alignment, (size + alignment - 1) / alignment * alignment);
 }
 
@@ -23,15 +23,17 @@ void* OrThrow(void* memory) {
 
 }  // namespace
 
-void* operator new(std::size_t size) { return OrThrow(Allocate(size)); }
-void* operator new[](std::size_t size) { return OrThrow(Allocate(size)); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
+#define CALLER __builtin_return_address(0)
+
+void* operator new(std::size_t size) { return OrThrow(Allocate(size, CALLER)); }
+void* operator new[](std::size_t size) { return OrThrow(Allocate(size, CALLER)); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size, CALLER); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size, CALLER); }
 void* operator new(std::size_t size, std::align_val_t alignment) {
-  return OrThrow(AllocateAligned(size, static_cast<std::size_t>(alignment)));
+  return OrThrow(AllocateAligned(size, static_cast<std::size_t>(alignment), CALLER));
 }
 void* operator new[](std::size_t size, std::align_val_t alignment) {
-  return OrThrow(AllocateAligned(size, static_cast<std::size_t>(alignment)));
+  return OrThrow(AllocateAligned(size, static_cast<std::size_t>(alignment), CALLER));
 }
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete[](void* memory) noexcept { std::free(memory); }

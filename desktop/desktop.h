@@ -30,10 +30,10 @@ DESKTOP_API long CallsSeen();
 // Makes the nth call of operator new from now throw std::bad_alloc (the program must link
 // VornDesktopAllocProbe). Allocations of the desktop itself do not count. 0 switches it off.
 DESKTOP_API void FailNthAllocation(long n);
-// How many allocations were seen since FailNthAllocation.
+// How many allocations were seen since FailNthAllocation, while it is switched on.
 DESKTOP_API long AllocationsSeen();
-// For the replaced operator new: true when this allocation is to fail.
-DESKTOP_API bool AllocationFailsHere();
+// For the replaced operator new, called from caller: true when this allocation is to fail.
+DESKTOP_API bool AllocationFailsHere(const void* caller);
 
 // What is alive, for leak tests. Stock objects, the desktop window and system classes do not count.
 struct LiveCounts {

@@ -30,6 +30,7 @@ long RunWithEachFailure(Kind kind, const Experiment& experiment) {
     const bool worked = experiment.act();
     const bool failedSomething = Seen(kind) >= n;
     Fail(kind, 0);
+    EXPECT_TRUE(!worked || experiment.complete()) << "claims success with a part missing";
     experiment.cleanUp();
     ExpectNothingLeft(before, desktop::CountLive());
     if (!failedSomething) {

@@ -29,7 +29,10 @@ struct Experiment {
   std::function<void()> prepare = [] {};
   std::function<bool()> act;  // true: it worked
   std::function<void()> cleanUp = [] {};
-  // A failure that the action is meant to get over, with a smaller result.
+  // After an action that claims to have worked: whether all of its result is there. Some failures are got
+  // over, such as that of a context for the background.
+  std::function<bool()> complete = [] { return true; };
+  // Whether an action may get over a failure at all.
   bool mayWorkAllTheSame = false;
 };
 

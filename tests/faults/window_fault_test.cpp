@@ -16,15 +16,20 @@ void FreeWrappers() {
 
 class WindowFault : public testing::TestWithParam<Kind> {
  protected:
-  void SetUp() override { AfxInitVornComCtl(); }
+  // Registered before anything fails.
+  const CString m_class = AfxRegisterWndClass(CS_DBLCLKS);
 };
 
 // Runs with each failure; the wrappers of the thread are made anew in each run.
-long RunAll(Kind kind, std::function<bool()> act, std::function<void()> cleanUp) {
+// Of calls, those of the system for its own painting may fail without harm.
+long RunAll(Kind kind, std::function<bool()> act, std::function<bool()> complete,
+            std::function<void()> cleanUp) {
   faults::Experiment experiment;
   experiment.prepare = FreeWrappers;
   experiment.act = std::move(act);
+  experiment.complete = std::move(complete);
   experiment.cleanUp = std::move(cleanUp);
+  experiment.mayWorkAllTheSame = kind == Kind::Call;
   return faults::RunWithEachFailure(kind, experiment);
 }
 
@@ -33,9 +38,10 @@ TEST_P(WindowFault, CreateEx) {
   RunAll(
       GetParam(),
       [&] {
-        return window.CreateEx(0, L"VornLibrary::VornTreeCtrl", L"", WS_POPUP | WS_VISIBLE,
-                               CRect(0, 0, 90, 60), nullptr, 0) != FALSE;
+        return window.CreateEx(0, m_class, L"", WS_POPUP | WS_VISIBLE, CRect(0, 0, 90, 60), nullptr, 0) !=
+               FALSE;
       },
+      [&] { return ::IsWindow(window.m_hWnd) && CWnd::FromHandlePermanent(window.m_hWnd) == &window; },
       [&] { window.DestroyWindow(); });
 }
 
@@ -44,7 +50,8 @@ TEST_P(WindowFault, SubclassWindow) {
       ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
   CWnd window;
   RunAll(
-      GetParam(), [&] { return window.SubclassWindow(raw) != FALSE; }, [&] { window.UnsubclassWindow(); });
+      GetParam(), [&] { return window.SubclassWindow(raw) != FALSE; }, [&] { return window.m_hWnd == raw; },
+      [&] { window.UnsubclassWindow(); });
   ::DestroyWindow(raw);
 }
 
@@ -93,6 +100,7 @@ TEST_P(WindowFault, AWindowThatMakesMoreInWmCreate) {
           return false;
         }
       },
+      [&] { return window.m_edit.m_hWnd && window.m_font.m_hObject && window.m_images.m_hImageList; },
       [&] {
         window.DestroyWindow();
         window.m_font.DeleteObject();
@@ -129,7 +137,6 @@ class CPaintingWnd : public CWnd {
   bool m_painted = false;
 
  protected:
-  afx_msg BOOL OnEraseBkgnd(CDC*) { return TRUE; }
   afx_msg void OnPaint() {
     CVornDC dc;
     if (!dc.BeginPaint(this)) return;
@@ -147,32 +154,37 @@ class CPaintingWnd : public CWnd {
 };
 
 BEGIN_MESSAGE_MAP(CPaintingWnd, CWnd)
-  ON_WM_ERASEBKGND()
   ON_WM_PAINT()
 END_MESSAGE_MAP()
 
+COLORREF PixelOf(CWnd& window) {
+  CClientDC dc(&window);
+  return dc.GetPixel(5, 5);
+}
+
 TEST_P(WindowFault, OnePaintThroughABuffer) {
   CPaintingWnd window;
-  ASSERT_TRUE(window.CreateEx(0, L"VornLibrary::VornTreeCtrl", L"", WS_POPUP | WS_VISIBLE,
-                              CRect(0, 0, 90, 60), nullptr, 0));
+  ASSERT_TRUE(window.CreateEx(0, m_class, L"", WS_POPUP | WS_VISIBLE, CRect(0, 0, 90, 60), nullptr, 0));
   const long failures = RunAll(
       GetParam(),
       [&] {
         window.m_painted = false;
-        window.Invalidate();
+        window.Invalidate(FALSE);
         window.UpdateWindow();
         return window.m_painted;
       },
-      [&] { window.ValidateRect(nullptr); });
-  EXPECT_GT(failures, 0);
-  CClientDC dc(&window);
-  EXPECT_EQ(static_cast<COLORREF>(RGB(255, 0, 0)), dc.GetPixel(5, 5));
+      [&] { return PixelOf(window) == RGB(255, 0, 0); },
+      [&] {
+        window.ValidateRect(nullptr);
+        CClientDC dc(&window);
+        dc.SetPixel(5, 5, RGB(0, 0, 0));
+      });
+  EXPECT_GT(failures, 3) << "buffer, bitmap, context, pen";
 }
 
 TEST_P(WindowFault, CaptureOfAWindow) {
   CPaintingWnd window;
-  ASSERT_TRUE(window.CreateEx(0, L"VornLibrary::VornTreeCtrl", L"", WS_POPUP | WS_VISIBLE,
-                              CRect(0, 0, 90, 60), nullptr, 0));
+  ASSERT_TRUE(window.CreateEx(0, m_class, L"", WS_POPUP | WS_VISIBLE, CRect(0, 0, 90, 60), nullptr, 0));
   CBitmap* captured = nullptr;
   RunAll(
       GetParam(),
@@ -181,6 +193,10 @@ TEST_P(WindowFault, CaptureOfAWindow) {
         const CRect area(0, 0, 20, 20);
         captured = dc.GetWindowCapture(&window, &area, nullptr);
         return captured != nullptr;
+      },
+      [&] {
+        BITMAP size = {};
+        return captured->GetBitmap(&size) != 0 && size.bmWidth == 20 && size.bmHeight == 20;
       },
       [&] {
         delete captured;
