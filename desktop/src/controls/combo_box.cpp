@@ -94,7 +94,7 @@ bool ComboBox::OnCreate(const CREATESTRUCTW& create) {
   const DWORD style = Style();
   MeasureText();
   m_dropHeight = std::max(create.cy - ClosedHeight(), 0);
-  DWORD listStyle = LBS_NOTIFY | WS_CLIPSIBLINGS | (style & WS_VSCROLL);
+  DWORD listStyle = LBS_NOTIFY | WS_CLIPSIBLINGS | (m_listScrolls ? WS_VSCROLL : 0u);
   if (style & CBS_SORT) listStyle |= LBS_SORT;
   if (style & CBS_HASSTRINGS || !IsOwnerDrawn()) listStyle |= LBS_HASSTRINGS;
   if (style & CBS_OWNERDRAWFIXED) listStyle |= LBS_OWNERDRAWFIXED;
@@ -255,7 +255,7 @@ LRESULT ComboBox::HandleInput(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_LBUTTONDBLCLK: {
       const POINT point{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
       const RECT button = ButtonRect();
-      SetFocus(Window());
+      if (!m_focused) SetFocus(HasEdit() ? m_edit : Window());
       if (Type() == CBS_SIMPLE || (HasEdit() && !PtInRect(&button, point))) return 0;
       if (m_dropped)
         CloseUp(Close::cancel);
@@ -273,6 +273,12 @@ LRESULT ComboBox::HandleInput(UINT message, WPARAM wParam, LPARAM lParam) {
 LRESULT ComboBox::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message >= CB_GETEDITSEL && message <= CB_SETDROPPEDWIDTH) return HandleCombo(message, wParam, lParam);
   switch (message) {
+    case WM_NCCREATE:
+      // Border and scroll bar are for the list.
+      m_listScrolls = (Style() & WS_VSCROLL) != 0;
+      SetWindowLongW(Window(), GWL_STYLE,
+                     static_cast<LONG>(Style() & ~DWORD{WS_BORDER | WS_HSCROLL | WS_VSCROLL}));
+      return Default(message, wParam, lParam);
     case WM_CREATE: return OnCreate(*reinterpret_cast<const CREATESTRUCTW*>(lParam)) ? 0 : -1;
     case WM_DESTROY:
       if (m_list && IsWindow(m_list) && Type() != CBS_SIMPLE) DestroyWindow(m_list);
@@ -292,7 +298,13 @@ LRESULT ComboBox::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       if (message == WM_SIZE && m_list) MoveParts();
       return result;
     }
-    case WM_SETTEXT: return HasEdit() ? SendMessageW(m_edit, message, wParam, lParam) : CB_ERR;
+    case WM_SETTEXT: {
+      if (!HasEdit()) return CB_ERR;
+      m_updating = true;
+      const LRESULT result = SendMessageW(m_edit, message, wParam, lParam);
+      m_updating = false;
+      return result;
+    }
     case WM_GETTEXT:
       if (HasEdit()) return SendMessageW(m_edit, message, wParam, lParam);
       if (!wParam) return 0;

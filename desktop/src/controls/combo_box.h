@@ -68,6 +68,7 @@ class ComboBox : public Control {
   int m_textHeight = 17;
   int m_dropHeight = 0;
   int m_dropWidth = 0;
+  bool m_listScrolls = false;
   bool m_dropped = false;
   bool m_focused = false;
   bool m_updating = false;     // the edit changes because of us

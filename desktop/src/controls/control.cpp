@@ -91,7 +91,7 @@ void RegisterControl(LPCWSTR name, UINT style, WNDPROC procedure, int extra, LPC
                      HBRUSH background) {
   WNDCLASSEXW wc{};
   wc.cbSize = sizeof wc;
-  wc.style = style | CS_GLOBALCLASS;
+  wc.style = style;
   wc.lpfnWndProc = procedure;
   wc.cbWndExtra = extra;
   wc.hCursor = LoadCursorW(nullptr, cursor);

@@ -32,8 +32,12 @@ void CloseQueue(const std::shared_ptr<Queue>& queue) {
   WorldLock lock(WorldMutex());
   if (queue->dead) return;
   queue->dead = true;
-  for (Window* window : AllWindows())
-    if (window->queue == queue && FromHandle(window->handle) == window) DestroyQuietly(window);
+  // A window takes its children along: handles tell which ones are still there.
+  std::vector<HWND> windows;
+  for (const Window* window : AllWindows())
+    if (window->queue == queue) windows.push_back(window->handle);
+  for (const HWND handle : windows)
+    if (Window* window = FromHandle(handle)) DestroyQuietly(window);
   FailWaitingSenders(*queue);
   queue->posted.clear();
   queue->input.clear();
