@@ -7,6 +7,7 @@
 
 #include "../world.h"
 #include "bitmap.h"
+#include "bounded.h"
 #include "paint.h"
 #include "window_dc.h"
 
@@ -164,6 +165,8 @@ using namespace desktop;
 BOOL WINAPI DrawStateW(HDC dc, HBRUSH brush, DRAWSTATEPROC proc, LPARAM data, WPARAM extra, int x, int y,
                        int width, int height, UINT flags) {
   Subject subject{flags & 0xf, proc, data, extra, flags};
+  x = Bounded(x);
+  y = Bounded(y);
   constexpr int kMost = 0x4000;
   if (!Measure(dc, subject, width, height) || width > kMost || height > kMost) return FALSE;
   constexpr UINT kStates = DSS_UNION | DSS_DISABLED | DSS_DEFAULT | DSS_MONO;
@@ -195,6 +198,8 @@ BOOL WINAPI GrayStringW(HDC dc, HBRUSH brush, GRAYSTRINGPROC output, LPARAM data
     if (height == 0) height = extent.cy;
   }
   if (width <= 0 || height <= 0) return FALSE;
+  x = Bounded(x);
+  y = Bounded(y);
   Stencil stencil(dc, width, height);
   if (!stencil) return FALSE;
   BOOL drawn = output ? output(stencil.Dc(), data, length) : TextOutW(stencil.Dc(), 0, 0, text, length);

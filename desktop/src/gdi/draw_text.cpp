@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "../world.h"
+#include "bounded.h"
 #include "device_context.h"
 #include "text.h"
 #include "text_line.h"
@@ -96,6 +97,7 @@ int FirstTop(const Format& format, const RECT& rect) {
 // An empty text is one line high but draws nothing.
 int MeasureNothing(const Format& format, RECT* rect, bool isTerminated) {
   if (isTerminated && format.Has(DT_CALCRECT)) {
+    *rect = Bounded(*rect);
     rect->right = rect->left;
     rect->bottom = rect->top + (format.Has(DT_SINGLELINE) ? format.lineHeight : 0);
   }
@@ -104,10 +106,11 @@ int MeasureNothing(const Format& format, RECT* rect, bool isTerminated) {
 
 int DrawLines(HDC handle, DeviceContext& dc, LPWSTR text, size_t length, RECT* rect, const Format& format,
               DRAWTEXTPARAMS* params) {
+  *rect = Bounded(*rect);
   RECT inner = *rect;
   if (params) {
-    inner.left += params->iLeftMargin;
-    inner.right -= params->iRightMargin;
+    inner.left += Bounded(params->iLeftMargin);
+    inner.right -= Bounded(params->iRightMargin);
   }
   TextPainter painter(handle, dc, format);
   LineBreaker breaker(dc, {text, length}, format.flags, format.tabWidth, inner.right - inner.left);
@@ -132,7 +135,7 @@ int DrawLines(HDC handle, DeviceContext& dc, LPWSTR text, size_t length, RECT* r
     if (last && !calculates) break;
   } while (!breaker.AtEnd());
   if (calculates) {
-    int margins = params ? params->iLeftMargin + params->iRightMargin : 0;
+    int margins = params ? Bounded(params->iLeftMargin) + Bounded(params->iRightMargin) : 0;
     rect->right = rect->left + widest + margins;
     rect->bottom = y;
   }
@@ -146,9 +149,9 @@ int DrawLines(HDC handle, DeviceContext& dc, LPWSTR text, size_t length, RECT* r
 
 // Tab stops given, or every eight average characters; the next one after x.
 int NextStop(const DeviceContext& dc, int x, int tabCount, const INT* tabs) {
-  if (tabCount == 1 && tabs && tabs[0] > 0) return (x / tabs[0] + 1) * tabs[0];
+  if (tabCount == 1 && tabs && tabs[0] > 0) return (x / Bounded(tabs[0]) + 1) * Bounded(tabs[0]);
   for (int i = 0; tabs && i < tabCount; ++i) {
-    if (tabs[i] > x) return tabs[i];
+    if (tabs[i] > x) return Bounded(tabs[i]);
   }
   int step = 8 * TypefaceOf(dc).AverageWidth();
   return (x / step + 1) * step;
@@ -202,9 +205,10 @@ LONG WINAPI TabbedTextOutW(HDC handle, int x, int y, LPCWSTR text, int length, i
   DeviceContext* dc = FindDC(handle);
   if (!dc || !text) return 0;
   if (length < 0) length = static_cast<int>(std::wcslen(text));
-  int width = WalkTabs(*dc, text, length, x - tabOrigin, tabCount, tabs, [&](int at, int start, int count) {
-    TextOutW(handle, x + at, y, text + start, count);
-  });
+  x = Bounded(x);
+  int width =
+      WalkTabs(*dc, text, length, x - Bounded(tabOrigin), tabCount, tabs,
+               [&](int at, int start, int count) { TextOutW(handle, x + at, y, text + start, count); });
   return MAKELONG(width, TypefaceOf(*dc).Height());
 }
 

@@ -2,6 +2,7 @@
 #include <windows.h>
 
 #include "../world.h"
+#include "bounded.h"
 #include "object.h"
 #include "window_dc.h"
 
@@ -69,7 +70,7 @@ BOOL WINAPI DrawEdge(HDC dc, LPRECT rect, UINT edge, UINT flags) {
   WorldLock lock(WorldMutex());
   if (GetObjectType(dc) != OBJ_DC && GetObjectType(dc) != OBJ_MEMDC) return FALSE;
   if (!rect || (flags & BF_DIAGONAL)) return FALSE;
-  RECT inside = *rect;
+  RECT inside = Bounded(*rect);
   bool valid = DrawOneRing(dc, inside, edge & BDR_OUTER, BDR_OUTER, OuterColors(edge, flags), flags, true);
   valid = DrawOneRing(dc, inside, edge & BDR_INNER, BDR_INNER, InnerColors(edge, flags), flags, valid);
   if (valid && (flags & BF_MIDDLE))

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "../world.h"
+#include "bounded.h"
 #include "object.h"
 #include "window_dc.h"
 
@@ -286,15 +287,15 @@ using namespace desktop;
 BOOL WINAPI DrawFrameControl(HDC dc, LPRECT rect, UINT type, UINT state) {
   WorldLock lock(WorldMutex());
   if (!rect || (GetObjectType(dc) != OBJ_DC && GetObjectType(dc) != OBJ_MEMDC)) return FALSE;
+  RECT box = Bounded(*rect);
   BOOL drawn = FALSE;
   switch (type) {
-    case DFC_BUTTON: drawn = DrawButton(dc, *rect, state); break;
-    case DFC_SCROLL: drawn = DrawScroll(dc, *rect, state); break;
-    case DFC_CAPTION: drawn = DrawCaption(dc, *rect, state); break;
-    case DFC_MENU: drawn = DrawMenuMark(dc, *rect, state); break;
+    case DFC_BUTTON: drawn = DrawButton(dc, box, state); break;
+    case DFC_SCROLL: drawn = DrawScroll(dc, box, state); break;
+    case DFC_CAPTION: drawn = DrawCaption(dc, box, state); break;
+    case DFC_MENU: drawn = DrawMenuMark(dc, box, state); break;
     default: return FALSE;
   }
-  if (drawn && (state & DFCS_ADJUSTRECT))
-    *rect = {rect->left + 2, rect->top + 2, rect->right - 2, rect->bottom - 2};
+  if (drawn && (state & DFCS_ADJUSTRECT)) *rect = {box.left + 2, box.top + 2, box.right - 2, box.bottom - 2};
   return drawn;
 }
