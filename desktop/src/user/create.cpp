@@ -57,12 +57,11 @@ bool ResolveParent(Plan& plan, HWND parent) {
   return true;
 }
 
-void FixStyles(CREATESTRUCTW& cs) {
-  auto style = static_cast<DWORD>(cs.style);
+// Windows that are no children have more styles than they were given; WM_CREATE does not tell.
+DWORD FullStyle(DWORD style) {
   if (!(style & (WS_CHILD | WS_POPUP))) style |= WS_CAPTION | WS_CLIPSIBLINGS;
   if ((style & WS_POPUP) && !(style & WS_CHILD)) style |= WS_CLIPSIBLINGS;
-  cs.style = static_cast<LONG>(style);
-  cs.dwExStyle = WithEdge(style, cs.dwExStyle);
+  return style;
 }
 
 // CW_USEDEFAULT has a meaning for overlapped windows only; for others it is 0.
@@ -101,7 +100,7 @@ Window* Make(const Plan& plan) {
   window->proc = plan.cls->proc;
   window->owner = plan.owner;
   window->messageOnly = plan.messageOnly;
-  window->style = static_cast<DWORD>(cs.style) & ~(WS_VISIBLE | WS_MINIMIZE | WS_MAXIMIZE);
+  window->style = FullStyle(static_cast<DWORD>(cs.style)) & ~(WS_VISIBLE | WS_MINIMIZE | WS_MAXIMIZE);
   window->exStyle = cs.dwExStyle;
   window->instance = cs.hInstance;
   window->extra.resize(static_cast<size_t>(plan.cls->windowExtra));
@@ -246,7 +245,8 @@ bool Introduce(HWND handle, Plan& plan, CREATESTRUCTW& cs) {
     WorldLock lock(WorldMutex());
     FromHandle(handle)->created = true;
   }
-  SendFirstSize(handle);
+  // Overlapped windows hear of their size when they are shown first.
+  if (cs.style & (WS_CHILD | static_cast<LONG>(WS_POPUP))) SendFirstSize(handle);
   if (!IsWindow(handle)) return false;
   if (plan.cs.style & (WS_MINIMIZE | WS_MAXIMIZE)) {
     RECT rect;
@@ -314,7 +314,7 @@ HWND WINAPI CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWO
       return nullptr;
     }
     if (!ResolveParent(plan, parent)) return nullptr;
-    FixStyles(plan.cs);
+    plan.cs.dwExStyle = WithEdge(FullStyle(style), plan.cs.dwExStyle);
     FixPlace(plan);
     plan.cs.hMenu = ownMenu;
     Window* window = Make(plan);

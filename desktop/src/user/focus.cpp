@@ -84,10 +84,7 @@ HWND NextToActivate(Window* window) {
 bool MakeActive(HWND window, HWND* before, bool byMouse, bool withFocus) {
   const HWND previous = Active();
   if (before) *before = previous;
-  if (previous == window) {
-    if (withFocus) FocusAfterActivation(window);
-    return true;
-  }
+  if (previous == window) return true;
   if (HasHook(WH_CBT)) {
     CBTACTIVATESTRUCT info{byMouse, previous};
     if (CallHooks(WH_CBT, HCBT_ACTIVATE, reinterpret_cast<WPARAM>(window), reinterpret_cast<LPARAM>(&info)))
@@ -107,6 +104,7 @@ bool MakeActive(HWND window, HWND* before, bool byMouse, bool withFocus) {
       target->lastActivePopup = window;
     }
   }
+  if (window) Send(window, WM_QUERYNEWPALETTE);
   const DWORD oldThread = previous ? ThreadOf(previous) : 0;
   const DWORD newThread = window ? ThreadOf(window) : 0;
   if (oldThread != newThread) {

@@ -212,10 +212,6 @@ InputOutcome MakeMouseMessage(const InputEvent& event, MSG& msg, const Filter& f
   }
   msg = {aim.window, event.message, event.wParam, 0, event.time, event.point};
   const HWND hitWindow = aim.window;
-  if (IsWheel(event.message) && !aim.captured) {
-    WorldLock lock(WorldMutex());
-    if (MyQueue()->focus) msg.hwnd = MyQueue()->focus;
-  }
   AddressToWindow(msg, event, aim);
   msg.message = CountClick(msg.message, msg.hwnd, event, WantsDoubleClicks(msg.hwnd, aim.hit), false);
   if (!filter.Takes(msg.message) || !MatchesFilter(msg.hwnd, filter.window)) {

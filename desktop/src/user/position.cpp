@@ -11,6 +11,7 @@ namespace {
 
 constexpr UINT kNoGeometry = SWP_NOSIZE | SWP_NOMOVE | SWP_NOCLIENTSIZE | SWP_NOCLIENTMOVE;
 constexpr UINT kNoPosition = kNoGeometry | SWP_NOZORDER;
+constexpr UINT kNoSizeOrOrder = SWP_NOSIZE | SWP_NOCLIENTSIZE | SWP_NOZORDER;
 constexpr UINT kStatus = kNoPosition | SWP_FRAMECHANGED | SWP_HIDEWINDOW | SWP_SHOWWINDOW;
 
 // One call of SetWindowPos.
@@ -373,7 +374,8 @@ void Commit(Move& move) {
 
 void EraseAfter(const WINDOWPOS& pos, UINT asked) {
   if (pos.flags & SWP_DEFERERASE) return;
-  const bool geometry = (pos.flags & (kNoGeometry | SWP_FRAMECHANGED)) != kNoGeometry;
+  // A window that has only moved leaves the erasing to WM_PAINT.
+  const bool geometry = (pos.flags & kStatus) != kNoSizeOrOrder;
   if (!(asked & SWP_NOREDRAW) && ((asked & SWP_HIDEWINDOW) || (!(asked & SWP_SHOWWINDOW) && geometry))) {
     HWND parent = GetAncestor(pos.hwnd, GA_PARENT);
     if (!parent || parent == GetDesktopWindow()) parent = pos.hwnd;
@@ -408,15 +410,6 @@ bool ApplyPosition(HWND handle, HWND after, int x, int y, int cx, int cy, UINT f
     WorldLock lock(WorldMutex());
     const Window* window = FromHandleOrError(handle);
     if (!window) return false;
-    WINDOWPOS& pos = move.pos;
-    if (flags & SWP_NOMOVE) {
-      pos.x = window->rect.left;
-      pos.y = window->rect.top;
-    }
-    if (flags & SWP_NOSIZE) {
-      pos.cx = window->Width();
-      pos.cy = window->Height();
-    }
     if (!IsSpecial(after) && !(flags & SWP_NOZORDER)) {
       const Window* sibling = FromHandleOrError(after);
       if (!sibling) return false;

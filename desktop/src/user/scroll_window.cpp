@@ -120,8 +120,6 @@ int WINAPI ScrollWindowEx(HWND handle, int dx, int dy, const RECT* rect, const R
     SetWindowPos(child, nullptr, place.left + dx, place.top + dy, 0, 0,
                  SWP_NOZORDER | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOREDRAW | SWP_DEFERERASE);
   }
-  if ((flags & (SW_INVALIDATE | SW_ERASE)) == (SW_INVALIDATE | SW_ERASE) && !update.IsEmpty())
-    EraseNow(handle, RDW_ALLCHILDREN);
   return Kind(update);
 }
 

@@ -50,7 +50,7 @@ ShowPlan PlanFor(HWND handle, int command, const ShowState& state) {
     case SW_MINIMIZE:
     case SW_FORCEMINIMIZE: plan.flags = SWP_NOACTIVATE | SWP_NOZORDER; [[fallthrough]];
     case SW_SHOWMINIMIZED:
-      plan.flags |= SWP_SHOWWINDOW;
+      plan.flags |= SWP_SHOWWINDOW | SWP_NOCOPYBITS;
       if (state.style & WS_MINIMIZE) {
         plan.flags |= inPlace;
         plan.nothing = state.visible;
@@ -59,7 +59,7 @@ ShowPlan PlanFor(HWND handle, int command, const ShowState& state) {
       }
       break;
     case SW_SHOWMAXIMIZED:
-      plan.flags = SWP_SHOWWINDOW;
+      plan.flags = state.visible ? 0 : SWP_SHOWWINDOW;
       if ((state.style & WS_MAXIMIZE) && state.visible) {
         plan.nothing = true;
       } else if (state.style & WS_MAXIMIZE) {
@@ -79,7 +79,7 @@ ShowPlan PlanFor(HWND handle, int command, const ShowState& state) {
     case SW_RESTORE:
     case SW_SHOWNORMAL:
     case SW_SHOWDEFAULT:
-      plan.flags |= SWP_SHOWWINDOW;
+      plan.flags |= state.visible ? 0 : SWP_SHOWWINDOW;
       if (state.style & (WS_MINIMIZE | WS_MAXIMIZE)) {
         change(static_cast<UINT>(command));
       } else {
@@ -99,6 +99,13 @@ void FocusAfterHide(HWND handle) {
   HWND parent = GetAncestor(handle, GA_PARENT);
   if (parent == GetDesktopWindow()) parent = nullptr;
   SetFocus(parent);
+}
+
+// A window that was an icon takes the focus, and hears that it is active even if it was so.
+void FocusAfterRestore(HWND handle, UINT flags) {
+  SetFocus(handle);
+  if (IsWindow(handle) && GetAncestor(handle, GA_ROOT) == handle && !(flags & SWP_NOACTIVATE))
+    Send(handle, WM_ACTIVATE, WA_ACTIVE, 0);
 }
 
 void FirstSize(HWND handle) {
@@ -158,6 +165,9 @@ UINT MinMaximize(HWND handle, UINT command, RECT* rect) {
   if (HasHook(WH_CBT) && CallHooks(WH_CBT, HCBT_MINMAX, reinterpret_cast<WPARAM>(handle), command))
     return nothing;
   const bool maximize = command == SW_MAXIMIZE;
+  const bool wasIcon = IsIconic(handle);
+  if (wasIcon && command != SW_MINIMIZE && !Send(handle, WM_QUERYOPEN)) return nothing;
+  if (command == SW_MINIMIZE && (GetFocus() == handle || IsChild(handle, GetFocus()))) SetFocus(nullptr);
   const MINMAXINFO info = maximize ? AskMinMax(handle) : MINMAXINFO{};
   WorldLock lock(WorldMutex());
   Window* window = FromHandle(handle);
@@ -186,7 +196,7 @@ UINT MinMaximize(HWND handle, UINT command, RECT* rect) {
     to = {-frame.cx, -frame.cy, Metric(SM_CXSCREEN) + frame.cx, Metric(SM_CYSCREEN) + frame.cy};
   }
   *rect = {to.left, to.top, to.right - to.left, to.bottom - to.top};
-  return SWP_STATECHANGED;
+  return SWP_STATECHANGED | (wasIcon ? SWP_NOCOPYBITS : 0);
 }
 
 }  // namespace desktop
@@ -217,8 +227,7 @@ BOOL WINAPI ShowWindow(HWND handle, int command) {
     return state.visible;
   }
   FirstSize(handle);
-  if ((command == SW_MINIMIZE || command == SW_SHOWMINNOACTIVE) && GetActiveWindow() == handle)
-    ActivateOther(handle);
+  if (changesState && (state.style & WS_MINIMIZE) && !IsIconic(handle)) FocusAfterRestore(handle, plan.flags);
   return state.visible;
 }
 

@@ -9,12 +9,6 @@ namespace desktop {
 
 namespace {
 
-bool ReachesFrame(const Window* window, const Region& part) {
-  Region frame = part;
-  frame -= Region(ClientInWindow(window));
-  return !frame.IsEmpty();
-}
-
 void InvalidateSelf(Window* window, const Region& part, bool frame, UINT flags) {
   const RECT bounds = frame ? RECT{0, 0, window->Width(), window->Height()} : ClientInWindow(window);
   Region crop = part;
@@ -22,7 +16,7 @@ void InvalidateSelf(Window* window, const Region& part, bool frame, UINT flags) 
   crop &= VisibleRegion(window, DCX_WINDOW);
   if (crop.IsEmpty()) return;
   UpdateState& update = window->update;
-  if ((flags & RDW_FRAME) && frame && ReachesFrame(window, crop)) update.nonclient = true;
+  if ((flags & RDW_FRAME) && frame) update.nonclient = true;
   update.region |= crop;
   if (flags & RDW_ERASE) update.erase = true;
 }
@@ -66,6 +60,7 @@ Window* FindToPaint(Window* window, const Queue& queue) {
 // The frame first, then the background of what waits.
 void EraseOne(HWND handle) {
   HRGN frame = nullptr;
+  bool whole = false;
   bool erase = false;
   {
     WorldLock lock(WorldMutex());
@@ -73,6 +68,7 @@ void EraseOne(HWND handle) {
     if (!window || !IsShown(window)) return;
     if (window->update.nonclient) {
       window->update.nonclient = false;
+      whole = window->update.region == Region(RECT{0, 0, window->Width(), window->Height()});
       frame = CreateRectRgn(0, 0, 0, 0);
       Region* region = frame ? RegionFromHandle(frame) : nullptr;
       if (region) {
@@ -86,7 +82,7 @@ void EraseOne(HWND handle) {
     erase = window->update.erase && !window->update.region.IsEmpty();
   }
   if (frame) {
-    Send(handle, WM_NCPAINT, reinterpret_cast<WPARAM>(frame), 0);
+    Send(handle, WM_NCPAINT, whole ? 1 : reinterpret_cast<WPARAM>(frame), 0);
     DeleteObject(frame);
   }
   if (!erase || !IsWindow(handle)) return;
@@ -151,7 +147,7 @@ BOOL RedrawWindowIn(HWND handle, const RECT* rect, HRGN rgn, UINT flags) {
 }  // namespace
 
 void Redraw(Window* window, const Region& part, bool frame, UINT flags) {
-  if (!IsShown(window)) return;
+  if (!IsShown(window) || (window->style & WS_MINIMIZE)) return;
   UpdateState& update = window->update;
   if (flags & RDW_INVALIDATE) InvalidateSelf(window, part, frame, flags);
   if (flags & RDW_VALIDATE) ValidateSelf(window, part, false, flags);
@@ -167,7 +163,7 @@ void Redraw(Window* window, const Region& part, bool frame, UINT flags) {
     inChild.Offset(-client.left - child->rect.left, -client.top - child->rect.top);
     inChild &= Region(RECT{0, 0, child->Width(), child->Height()});
     if (inChild.IsEmpty()) continue;
-    const UINT childFlags = flags & RDW_INVALIDATE ? flags | RDW_FRAME : flags;
+    const UINT childFlags = flags & RDW_INVALIDATE ? flags | RDW_FRAME | RDW_ERASE : flags;
     Redraw(child, inChild, true, childFlags);
   }
 }
@@ -195,6 +191,7 @@ Window* WindowToPaint(const Queue& queue, HWND filter) {
 }
 
 void EraseNow(HWND handle, UINT flags) {
+  if (!(flags & RDW_ALLCHILDREN)) return EraseOne(handle);
   for (HWND each : Waiting(handle, flags)) EraseOne(each);
 }
 
