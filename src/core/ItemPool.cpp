@@ -120,6 +120,22 @@ void* TakeOldestDead() {
   return slot;
 }
 
+// Items that are asked for one after another mostly lie in one chunk.
+constinit std::atomic<std::size_t> g_lastFound{0};
+
+const Chunk* ChunkOf(std::uintptr_t address) {
+  const auto holds = [address](const Chunk& chunk) { return chunk.begin <= address && address < chunk.end; };
+  const std::size_t count = g_chunkCount.load(std::memory_order_acquire);
+  const std::size_t last = g_lastFound.load(std::memory_order_relaxed);
+  if (last < count && holds(g_chunks[last])) return &g_chunks[last];
+  for (std::size_t i = count; i-- > 0;) {
+    if (!holds(g_chunks[i])) continue;
+    g_lastFound.store(i, std::memory_order_relaxed);
+    return &g_chunks[i];
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 void* ItemPool::Allocate(std::size_t size) noexcept {
@@ -150,13 +166,9 @@ void ItemPool::Free(void* slot) noexcept {
 
 bool ItemPool::Contains(const void* p) noexcept {
   const std::uintptr_t address = reinterpret_cast<std::uintptr_t>(p);
-  if (LooksLikePlace(address)) return false;
-  for (std::size_t i = g_chunkCount.load(std::memory_order_acquire); i-- > 0;) {
-    const Chunk& chunk = g_chunks[i];
-    if (address < chunk.begin || address >= chunk.end) continue;
-    return address < chunk.used.load(std::memory_order_acquire) && (address - chunk.begin) % kSlotSize == 0;
-  }
-  return false;
+  const Chunk* const chunk = LooksLikePlace(address) ? nullptr : ChunkOf(address);
+  return chunk && address < chunk->used.load(std::memory_order_acquire) &&
+         (address - chunk->begin) % kSlotSize == 0;
 }
 
 unsigned int ItemPool::ReadMagic(const void* p) noexcept {
