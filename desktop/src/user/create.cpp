@@ -237,7 +237,7 @@ bool Introduce(HWND handle, Plan& plan, CREATESTRUCTW& cs) {
   AskClientArea(handle);
   if (!IsWindow(handle)) return false;
   if (Send(handle, WM_CREATE, 0, param) == -1) {
-    if (IsWindow(handle)) DestroyWindow(handle);
+    Abandon(handle);
     return false;
   }
   if (!IsWindow(handle)) return false;
@@ -284,6 +284,7 @@ void NotifyParent(HWND handle, UINT event) {
       if (!life) lParam = MAKELPARAM(point.x - origin.x, point.y - origin.y);
     }
     Send(handle, WM_PARENTNOTIFY, wParam, lParam);
+    if (life) return;
   }
 }
 

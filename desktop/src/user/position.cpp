@@ -41,8 +41,11 @@ Window* ResolveAfter(Window* window, HWND after) {
   }
   if (child || (window->exStyle & WS_EX_TOPMOST)) return nullptr;
   Window* last = nullptr;
-  for (Window* each = parent->firstChild; each && (each->exStyle & WS_EX_TOPMOST); each = each->below)
-    if (each != window) last = each;
+  for (Window* each = parent->firstChild; each; each = each->below) {
+    if (each == window) continue;
+    if (!(each->exStyle & WS_EX_TOPMOST)) break;
+    last = each;
+  }
   return last;
 }
 
@@ -80,7 +83,7 @@ bool FixFlags(WINDOWPOS& pos) {
     return true;
   }
   if (pos.hwndInsertAfter == HWND_TOP) {
-    if (!window->above || (ResolveAfter(window, HWND_TOP) == window->above)) pos.flags |= SWP_NOZORDER;
+    if (!window->above) pos.flags |= SWP_NOZORDER;
     return true;
   }
   if (pos.hwndInsertAfter == HWND_BOTTOM) {
@@ -385,6 +388,14 @@ void EraseAfter(const WINDOWPOS& pos, UINT asked) {
     EraseNow(pos.hwnd, 0);
 }
 
+// A window with popups of its own on top of it is told that it lies below them.
+HWND ToldAfter(const WINDOWPOS& pos) {
+  WorldLock lock(WorldMutex());
+  const Window* window = FromHandle(pos.hwnd);
+  if ((pos.flags & SWP_NOZORDER) || !window || !window->above) return pos.hwndInsertAfter;
+  return window->above->owner == window ? window->above->handle : pos.hwndInsertAfter;
+}
+
 void ActivateAfter(const WINDOWPOS& pos) {
   if (pos.flags & (SWP_NOACTIVATE | SWP_HIDEWINDOW)) return;
   bool child;
@@ -446,6 +457,7 @@ bool ApplyPosition(HWND handle, HWND after, int x, int y, int cx, int cy, UINT f
   if (!IsWindow(handle)) return true;
   if ((move.pos.flags & kStatus) != kNoPosition) {
     WINDOWPOS told = move.pos;
+    told.hwndInsertAfter = ToldAfter(told);
     told.x = move.rect.left;
     told.y = move.rect.top;
     told.cx = move.rect.right - move.rect.left;

@@ -360,7 +360,7 @@ HWND WINAPI SetParent(HWND handle, HWND parent) {
     window->surface.reset();
     RetargetDCs();
   }
-  const UINT flags = SWP_NOSIZE | (visible ? SWP_SHOWWINDOW : 0);
-  SetWindowPos(handle, HWND_TOP, rect.left, rect.top, 0, 0, flags | (visible ? 0 : SWP_NOACTIVATE));
+  SetWindowPos(handle, HWND_TOP, rect.left, rect.top, 0, 0, SWP_NOSIZE | (visible ? 0 : SWP_NOACTIVATE));
+  if (visible && IsWindow(handle)) ShowWindow(handle, SW_SHOW);
   return old;
 }

@@ -138,6 +138,7 @@ void DragThumb(HWND handle, int bar, POINT start) {
     WorldLock lock(WorldMutex());
     TheTracking() = {};
   }
+  if (GetCapture() == handle) ReleaseCapture();
   Tell(handle, bar, SB_THUMBPOSITION, pos);
 }
 
@@ -291,10 +292,10 @@ void ScrollBarLoop(HWND handle, int bar, POINT point) {
   } else {
     HoldPart(handle, bar, part, point);
   }
+  if (GetCapture() == handle) ReleaseCapture();
   if (IsWindow(handle)) Repaint(handle, bar, Part::none, false, 0);
   Tell(handle, bar, SB_ENDSCROLL);
   ShowCaret(handle);
-  if (GetCapture() == handle) ReleaseCapture();
 }
 
 }  // namespace desktop

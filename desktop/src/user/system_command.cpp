@@ -174,11 +174,18 @@ void SizeMoveLoop(HWND window, WPARAM command) {
   const bool givenUp = RunDrag(drag, byKeys);
   EndDrag(window);
   if (!IsWindow(window)) return;
-  if (GetCapture() == window) ReleaseCapture();
   const bool changed = !EqualRect(&drag.start, &drag.now);
   const bool refused = HasHook(WH_CBT) && CallHooks(WH_CBT, HCBT_MOVESIZE, reinterpret_cast<WPARAM>(window),
                                                     reinterpret_cast<LPARAM>(&drag.now));
-  if (changed) Place(drag, givenUp || refused ? drag.start : drag.now);
+  if (changed && !givenUp && !refused) {
+    const RECT& to = drag.now;
+    SetWindowPos(window, nullptr, to.left, to.top, to.right - to.left, to.bottom - to.top,
+                 drag.moves ? SWP_NOSIZE : 0);
+    if (IsWindow(window)) UpdateWindow(window);
+  } else if (changed) {
+    Place(drag, drag.start);
+  }
+  if (GetCapture() == window) ReleaseCapture();
   if (IsWindow(window)) Send(window, WM_EXITSIZEMOVE);
 }
 
