@@ -37,4 +37,10 @@ endif()
 function(vorn_warnings target)
   target_compile_options(${target} PRIVATE
     -Wall -Wextra -Wshadow -Wconversion -Wno-sign-conversion -Werror)
+  # Clang objects to shapes that are public contract: overloads that hide those of a base, fields kept for
+  # their place, classes with virtual functions and a plain destructor.
+  target_compile_options(${target} PRIVATE
+    $<$<CXX_COMPILER_ID:Clang>:-Wno-overloaded-virtual>
+    $<$<CXX_COMPILER_ID:Clang>:-Wno-unused-private-field>
+    $<$<CXX_COMPILER_ID:Clang>:-Wno-delete-non-abstract-non-virtual-dtor>)
 endfunction()

@@ -25,8 +25,11 @@ class CSize : public tagSIZE {
     cy = CY;
   }
 
+  // Each comparison also takes the class itself: else either side could be converted to the structure.
   BOOL operator==(SIZE size) const noexcept { return cx == size.cx && cy == size.cy; }
-  BOOL operator!=(SIZE size) const noexcept { return cx != size.cx || cy != size.cy; }
+  BOOL operator==(const CSize& size) const noexcept { return *this == static_cast<SIZE>(size); }
+  BOOL operator!=(SIZE size) const noexcept { return !(*this == size); }
+  BOOL operator!=(const CSize& size) const noexcept { return !(*this == size); }
   void operator+=(SIZE size) noexcept {
     cx += size.cx;
     cy += size.cy;
@@ -68,7 +71,9 @@ class CPoint : public tagPOINT {
   }
 
   BOOL operator==(POINT point) const noexcept { return x == point.x && y == point.y; }
-  BOOL operator!=(POINT point) const noexcept { return x != point.x || y != point.y; }
+  BOOL operator==(const CPoint& point) const noexcept { return *this == static_cast<POINT>(point); }
+  BOOL operator!=(POINT point) const noexcept { return !(*this == point); }
+  BOOL operator!=(const CPoint& point) const noexcept { return !(*this == point); }
   void operator+=(SIZE size) noexcept { Offset(size); }
   void operator-=(SIZE size) noexcept { Offset(-size.cx, -size.cy); }
   void operator+=(POINT point) noexcept { Offset(point); }
@@ -179,7 +184,9 @@ class CRect : public tagRECT {
   BOOL operator==(const RECT& rect) const noexcept {
     return left == rect.left && top == rect.top && right == rect.right && bottom == rect.bottom;
   }
+  BOOL operator==(const CRect& rect) const noexcept { return *this == static_cast<const RECT&>(rect); }
   BOOL operator!=(const RECT& rect) const noexcept { return !(*this == rect); }
+  BOOL operator!=(const CRect& rect) const noexcept { return !(*this == rect); }
   void operator+=(POINT point) noexcept { OffsetRect(point); }
   void operator+=(SIZE size) noexcept { OffsetRect(size); }
   void operator+=(LPCRECT lpRect) noexcept { InflateRect(lpRect); }
