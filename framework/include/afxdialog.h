@@ -51,7 +51,7 @@ class VORNFW_API CDialog : public CWnd {
 
   LPCWSTR m_lpszTemplateName;             // name, or MAKEINTRESOURCE of the id
   const DLGTEMPLATE* m_lpDialogTemplate;  // of InitModalIndirect
-  CWnd* m_pParentWnd;  // as given
+  CWnd* m_pParentWnd;                     // as given
 
  private:
   // The window that the box belongs to.
