@@ -5,6 +5,22 @@
 #include "../layout/VornTreeOperations.h"
 #include "VornTreeItem.h"
 
+namespace {
+
+// Runs a step that copies texts. False when memory is short: then it left nothing behind.
+template <class Step>
+bool RunWithMemory(Step step) {
+  try {
+    step();
+    return true;
+  } catch (CException* exception) {
+    exception->Delete();
+    return false;
+  }
+}
+
+}  // namespace
+
 // Links and selections of two controls must never mix: an item of another one counts as no item
 // wherever something would be changed.
 bool CVornTreeCtrl::IsOwnItem(const CVornTreeItem* item) const {
@@ -50,7 +66,11 @@ CVornTreeItem* CVornTreeCtrl::InsertItem(const wchar_t* text, int image, int sel
   Place(item, parent, insertAfter);
   InitializeItemFont(item);
   if (!IsItemValid(item)) return nullptr;
-  item->SetText(text);
+  if (!RunWithMemory([&] { item->SetText(text); })) {
+    item->Detach(true);
+    delete item;
+    return nullptr;
+  }
   m_bNeedLayout = TRUE;
   parent = item->m_pParent;
   if (parent == nullptr || !parent->IsExpanded() || m_nRedrawLock != 0) return item;
@@ -90,7 +110,8 @@ CVornTreeItem* CVornTreeCtrl::InsertItem(STINSERTSTRUCT* insert) {
   const STITEM& record = insert->item;
   CString text;
   if ((record.mask & STIF_TEXT) && record.cchTextMax >= 1 && record.pszText != nullptr) {
-    text = CString(record.pszText, static_cast<int>(wcsnlen(record.pszText, record.cchTextMax)));
+    const int length = static_cast<int>(wcsnlen(record.pszText, record.cchTextMax));
+    if (!RunWithMemory([&] { text = CString(record.pszText, length); })) return nullptr;
   }
   const int image = record.mask & STIF_IMAGE ? record.iImage : -1;
   const int selectedImage = record.mask & STIF_SELECTEDIMAGE ? record.iSelectedImage : -1;
