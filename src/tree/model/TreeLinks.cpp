@@ -77,24 +77,24 @@ void SetLevel(CVornTreeItem* item, int level) {
   }
 }
 
-// Moves shortcut out of its place and among the children of top, which is being destroyed, so that
-// it goes with them. One that is below top goes anyway.
-void DrawIn(CVornTreeItem* top, CVornTreeItem* shortcut) {
-  if (shortcut->IsDescendantOf(top)) return;
+// Moves a shortcut out of its place to the front of the children of home, which is being emptied, so
+// that it goes next. One that item lies below is going already.
+void DrawIn(CVornTreeItem* home, const CVornTreeItem* item, CVornTreeItem* shortcut) {
+  if (item->IsDescendantOf(shortcut)) return;
   shortcut->Detach(false);
-  LinkBetween(top, nullptr, shortcut, top->m_pFirstChild);
-  shortcut->m_pParent = top;
+  LinkBetween(home, nullptr, shortcut, home->m_pFirstChild);
+  shortcut->m_pParent = home;
 }
 
 // What becomes of the shortcuts of an item that goes: those at odd positions go with it, and the
 // last one as well when their number is even. The others live on as ordinary items.
-void ReleaseShortcuts(CVornTreeItem* top, CVornTreeItem* item) {
+void ReleaseShortcuts(CVornTreeItem* home, CVornTreeItem* item) {
   const long count = item->m_Shortcuts.GetSize();
   if (count > 0) {
-    for (long i = 0; i < count; ++i) {
+    for (long i = count - 1; i >= 0; --i) {
       const bool goes = i % 2 == 0 || i == count - 1;
       CVornTreeItem* shortcut = item->m_Shortcuts[i];
-      if (goes && shortcut != item && IsItemValid(shortcut)) DrawIn(top, shortcut);
+      if (goes && shortcut != item && IsItemValid(shortcut)) DrawIn(home, item, shortcut);
     }
     return;
   }
@@ -180,7 +180,7 @@ void CVornTreeItem::DestroyChildren() {
       continue;
     }
     CVornTreeItem* parent = item->m_pParent;
-    ReleaseShortcuts(this, item);
+    ReleaseShortcuts(parent, item);
     Unlink(item);
     ClearLinks(item);
     delete item;
