@@ -16,6 +16,38 @@ size_t StepsWanted() {
   return wanted != nullptr ? static_cast<size_t>(std::atoll(wanted)) : 1000000;
 }
 
+TEST(TreeModel, AgreesOnAnEmptyWorld) { EXPECT_EQ(fuzz::Run({}, 1), ""); }
+
+// What random runs have found, and what was wrong.
+TEST(TreeModel, AgreesOnWhatWasFoundBefore) {
+  // A shortcut below another one of the same target.
+  EXPECT_EQ(fuzz::Run({{7, 7, 135, 54},
+                       {5, 186, 59, 254},
+                       {7, 99, 17, 64},
+                       {5, 16, 185, 120},
+                       {120, 153, 46, 53},
+                       {15, 78, 248, 148},
+                       {33, 254, 100, 136},
+                       {218, 253, 192, 224},
+                       {155, 125, 219, 156},
+                       {9, 240, 144, 176}},
+                      380),
+            "");
+  // A document that was moved below another one while it was active.
+  EXPECT_EQ(fuzz::Run({{49, 180, 26, 74},
+                       {0, 102, 151, 26},
+                       {151, 223, 245, 166},
+                       {15, 81, 154, 135},
+                       {65, 229, 172, 70},
+                       {189, 164, 231, 95},
+                       {11, 111, 93, 53},
+                       {163, 246, 97, 251},
+                       {18, 198, 164, 237},
+                       {233, 32, 40, 22}},
+                      480),
+            "");
+}
+
 TEST(TreeModel, AgreesWithTheControlAfterEveryStep) {
   const char* firstSeed = std::getenv("VORN_FUZZ_SEED");
   uint32_t seed = firstSeed != nullptr ? static_cast<uint32_t>(std::atoll(firstSeed)) : 1;

@@ -291,7 +291,7 @@ void World::ActOnSelection(const Step& step) {
       m_model.SetByDocuments(step.second & 1);
       break;
     case 10:
-      m_tree.ModifySelectionType(STST_CLEARALLDOCS, step.second & 1 ? STST_CLEARALLDOCS : 0);
+      m_tree.ModifySelectionType(STST_CLEARALLDOCS, step.second & 1 ? unsigned{STST_CLEARALLDOCS} : 0u);
       m_model.SetClearAllDocuments(step.second & 1);
       break;
     default: Result(m_tree.SetDocumentDisplay(step.second & 1), m_model.SetDocumentDisplay(step.second & 1));

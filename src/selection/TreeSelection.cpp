@@ -28,9 +28,9 @@ int CVornTreeCtrl::Select(CVornTreeItem* item, unsigned int code) {
 
 int CVornTreeCtrl::SelectItem(CVornTreeItem* item, int keepOthers) {
   CVornTreeItem* const active = GetActiveDocItem();
-  if (IsItemValid(active) && IsItemValid(item) && !item->IsDescendantOf(active)) {
-    CVornTreeItem* const document = CVornTreeOperations(this).GetDocumentOf(item);
-    if (document != nullptr && !GetItemVisibility(document)) return 1;  // claims success, meant
+  CVornTreeItem* const document = CVornTreeOperations(this).GetDocumentOf(item);
+  if (IsItemValid(active) && document != nullptr && document != active && !GetItemVisibility(document)) {
+    return 1;  // claims success, meant
   }
   if (!IsOwnItem(item) || m_pSelection == nullptr) return 0;
   const int changed = m_pSelection->SelectItem(item, keepOthers);

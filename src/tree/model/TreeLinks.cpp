@@ -2,6 +2,8 @@
 //
 // The counts that an insertion adds and those that a detaching takes away are not mirror images:
 // after a hide or a collapse they need not cancel. This is meant; nothing recomputes them.
+#include <algorithm>
+
 #include "../VornTreeCtrl.h"
 #include "VornTreeItem.h"
 
@@ -77,31 +79,43 @@ void SetLevel(CVornTreeItem* item, int level) {
   }
 }
 
-// Moves a shortcut out of its place to the front of the children of home, which is being emptied, so
-// that it goes next. One that item lies below is going already.
-void DrawIn(CVornTreeItem* home, const CVornTreeItem* item, CVornTreeItem* shortcut) {
-  if (item->IsDescendantOf(shortcut)) return;
-  shortcut->Detach(false);
-  LinkBetween(home, nullptr, shortcut, home->m_pFirstChild);
-  shortcut->m_pParent = home;
-}
+// An item of this level has sorted out its shortcuts: what is left of its list goes with it.
+constexpr int kDyingLevel = -2;
 
 // What becomes of the shortcuts of an item that goes: those at odd positions go with it, and the
-// last one as well when their number is even. The others live on as ordinary items.
-void ReleaseShortcuts(CVornTreeItem* home, CVornTreeItem* item) {
+// last one as well when their number is even. The others live on as ordinary items. Leaves the list with
+// those that go, the first to go at its end.
+void SortOutShortcuts(CVornTreeItem* item) {
+  item->m_nLevel = kDyingLevel;
   const long count = item->m_Shortcuts.GetSize();
-  if (count > 0) {
-    for (long i = count - 1; i >= 0; --i) {
-      const bool goes = i % 2 == 0 || i == count - 1;
-      CVornTreeItem* shortcut = item->m_Shortcuts[i];
-      if (goes && shortcut != item && IsItemValid(shortcut)) DrawIn(home, item, shortcut);
-    }
-    return;
-  }
-  if (item->HasState(STIS_SHORTCUT) && IsItemValid(item->m_pShortcutTarget)) {
+  if (count == 0) {
+    if (!item->HasState(STIS_SHORTCUT) || !IsItemValid(item->m_pShortcutTarget)) return;
     CVornTreeItem* shortcut = item;
     item->m_pShortcutTarget->m_Shortcuts.Remove(shortcut);
+    return;
   }
+  CVornTreeItem** const list = item->m_Shortcuts.Array();
+  long going = 0;
+  for (long i = 0; i < count; ++i) {
+    if (i % 2 == 0 || i == count - 1) list[going++] = list[i];
+  }
+  std::reverse(list, list + going);
+  item->m_Shortcuts.Remove(going, count - going);
+}
+
+// Takes the next shortcut that goes out of its place and makes it the only child of the dying item, so
+// that it is destroyed next. One that the item itself lies below is going already.
+bool DrawInNextShortcut(CVornTreeItem* item) {
+  while (const long count = item->m_Shortcuts.GetSize()) {
+    CVornTreeItem* const shortcut = item->m_Shortcuts[count - 1];
+    item->m_Shortcuts.RemoveAt(count - 1);
+    if (!IsItemValid(shortcut) || item->IsDescendantOf(shortcut)) continue;
+    shortcut->Detach(false);
+    LinkBetween(item, nullptr, shortcut, nullptr);
+    shortcut->m_pParent = item;
+    return true;
+  }
+  return false;
 }
 
 void ClearLinks(CVornTreeItem* item) {
@@ -167,24 +181,22 @@ void CVornTreeItem::Detach(bool destroy) {
 }
 
 void CVornTreeItem::DestroyChildren() {
-  // Children go before their parent, first to last. Shortcuts of what goes are drawn in among the
-  // children, so that one loop destroys all and no depth of the tree is too great for it.
-  CVornTreeItem* item = this;
+  // Children go before their parent, first to last, and an item's shortcuts after its children. One
+  // loop does it all, so that no depth of the tree is too great.
+  const int level = m_nLevel;
   m_pParent = nullptr;
+  CVornTreeItem* item = this;
   while (true) {
     while (item->m_pFirstChild != nullptr) item = item->m_pFirstChild;
-    if (item == this) {
-      ReleaseShortcuts(this, this);
-      if (m_pFirstChild == nullptr) break;
-      m_Shortcuts.RemoveAll();
-      continue;
-    }
-    CVornTreeItem* parent = item->m_pParent;
-    ReleaseShortcuts(parent, item);
+    if (item->m_nLevel != kDyingLevel) SortOutShortcuts(item);
+    if (DrawInNextShortcut(item)) continue;
+    if (item == this) break;
+    CVornTreeItem* const parent = item->m_pParent;
     Unlink(item);
     ClearLinks(item);
     delete item;
     item = parent;
   }
   ClearLinks(this);
+  m_nLevel = level;
 }
