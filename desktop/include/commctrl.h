@@ -26,7 +26,6 @@ DESKTOP_API BOOL WINAPI _TrackMouseEvent(LPTRACKMOUSEEVENT request);
 using SUBCLASSPROC = LRESULT(CALLBACK*)(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                         DWORD_PTR data);
 DESKTOP_API BOOL WINAPI SetWindowSubclass(HWND window, SUBCLASSPROC procedure, UINT_PTR id, DWORD_PTR data);
-DESKTOP_API BOOL WINAPI GetWindowSubclass(HWND window, SUBCLASSPROC procedure, UINT_PTR id, DWORD_PTR* data);
 DESKTOP_API BOOL WINAPI RemoveWindowSubclass(HWND window, SUBCLASSPROC procedure, UINT_PTR id);
 DESKTOP_API LRESULT WINAPI DefSubclassProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 

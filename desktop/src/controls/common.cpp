@@ -98,13 +98,6 @@ BOOL SetWindowSubclass(HWND handle, SUBCLASSPROC procedure, UINT_PTR id, DWORD_P
   return TRUE;
 }
 
-BOOL GetWindowSubclass(HWND handle, SUBCLASSPROC procedure, UINT_PTR id, DWORD_PTR* data) {
-  WorldLock lock(WorldMutex());
-  const desktop::Subclass* known = FindSubclass(FindWindowOf(handle), procedure, id);
-  if (data) *data = known ? known->data : 0;
-  return known != nullptr;
-}
-
 BOOL RemoveWindowSubclass(HWND handle, SUBCLASSPROC procedure, UINT_PTR id) {
   WorldLock lock(WorldMutex());
   desktop::SubclassedWindow* window = FindWindowOf(handle);
