@@ -131,17 +131,18 @@ BOOL WINAPI MaskBlt(HDC handle, int x, int y, int width, int height, HDC sourceH
     return FALSE;
   // The mask as a region: white takes the foreground operation, black the background one.
   PixelView pixels = mask->View();
-  Region white;
+  std::vector<RECT> rows;
   POINT corner = dc->ToDevice(x, y);
   for (int row = 0; row < height; ++row) {
     for (int column = 0; column < width;) {
       int start = column;
       while (column < width && pixels.row(maskY + row)[maskX + column]) ++column;
       if (column > start)
-        white |= Region(RECT{corner.x + start, corner.y + row, corner.x + column, corner.y + row + 1});
+        rows.push_back({corner.x + start, corner.y + row, corner.x + column, corner.y + row + 1});
       ++column;
     }
   }
+  Region white = Region::FromRows(rows);
   Region black(RECT{corner.x, corner.y, corner.x + width, corner.y + height});
   black -= white;
   DcState kept = dc->state;

@@ -4,6 +4,7 @@
 
 #include "../world.h"
 #include "bitmap.h"
+#include "bounded.h"
 #include "device_context.h"
 #include "dib.h"
 
@@ -151,9 +152,10 @@ HBITMAP WINAPI CreateDIBitmap(HDC dc, const BITMAPINFOHEADER* header, DWORD init
   if (!header || (init & CBM_INIT && (!bits || !info))) return nullptr;
   // A black and white DIB of two colours makes a mono bitmap only when no DC says otherwise.
   bool mono = !dc;
-  HBITMAP bitmap = CreateBitmap(header->biWidth, std::abs(header->biHeight), 1, mono ? 1 : 32, nullptr);
+  HBITMAP bitmap =
+      CreateBitmap(header->biWidth, std::abs(Bounded(header->biHeight)), 1, mono ? 1 : 32, nullptr);
   if (bitmap && (init & CBM_INIT))
-    SetDIBits(dc, bitmap, 0, static_cast<UINT>(std::abs(header->biHeight)), bits, info, usage);
+    SetDIBits(dc, bitmap, 0, static_cast<UINT>(std::abs(Bounded(header->biHeight))), bits, info, usage);
   return bitmap;
 }
 

@@ -2,6 +2,7 @@
 // mono bitmap, and its black pixels are then filled with a colour.
 #include <algorithm>
 #include <cwchar>
+#include <vector>
 
 #include <windows.h>
 
@@ -136,17 +137,17 @@ class Stencil {
     if (!dc || !bitmap) return;
     PixelView view = bitmap->View();
     POINT corner = dc->ToSurface(x, y);
-    Region ink;
+    std::vector<RECT> rows;
     for (int row = 0; row < m_height; ++row) {
       for (int column = 0; column < m_width;) {
         int start = column;
         while (column < m_width && !view.row(row)[column] && (!dithered || (row + column) % 2 == 0)) ++column;
         if (column > start)
-          ink |= Region(RECT{corner.x + start, corner.y + row, corner.x + column, corner.y + row + 1});
+          rows.push_back({corner.x + start, corner.y + row, corner.x + column, corner.y + row + 1});
         ++column;
       }
     }
-    FillArea(*dc, ink, BrushPaint(*dc, brush), 0xf0);
+    FillArea(*dc, Region::FromRows(rows), BrushPaint(*dc, brush), 0xf0);
   }
 
  private:

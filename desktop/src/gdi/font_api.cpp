@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "../world.h"
+#include "bounded.h"
 #include "device_context.h"
 #include "text.h"
 #include "typeface.h"
@@ -116,7 +117,7 @@ const Typeface& TypefaceOf(const DeviceContext& dc) {
 
 int TextWidth(const DeviceContext& dc, const wchar_t* text, size_t length) {
   const Typeface& face = TypefaceOf(dc);
-  long long width = static_cast<long long>(dc.state.charExtra) * static_cast<long long>(length);
+  long long width = static_cast<long long>(Bounded(dc.state.charExtra)) * static_cast<long long>(length);
   for (size_t i = 0; i < length; ++i) width += face.Advance(text[i]);
   return static_cast<int>(std::clamp<long long>(width, 0, 0x7ffffff));
 }
@@ -195,7 +196,7 @@ BOOL WINAPI GetTextExtentExPointW(HDC handle, LPCWSTR text, int length, int maxE
   int width = 0;
   int fitting = 0;
   for (int i = 0; i < length; ++i) {
-    width += face.Advance(text[i]) + dc->state.charExtra;
+    width = Bounded(width + face.Advance(text[i]) + Bounded(dc->state.charExtra));
     if (fit && width > maxExtent && fitting == i) continue;
     if (width <= maxExtent && fitting == i) fitting = i + 1;
     // Without a limit all partial widths are wanted.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "bounded.h"
 #include "dib.h"
 
 namespace desktop {
@@ -166,7 +167,8 @@ Paint BrushPaint(const DeviceContext& dc, HBRUSH handle) {
   if (brush->style == BS_SOLID)
     return SolidBrushPaint(dc, brush->usesDcColor ? dc.state.brushColor : brush->color);
   Paint paint = brush->style == BS_HATCHED ? HatchPaint(dc, *brush) : PatternPaint(dc, brush->pattern);
-  paint.origin = {dc.state.brushOrigin.x + dc.target.origin.x, dc.state.brushOrigin.y + dc.target.origin.y};
+  paint.origin = {Bounded(dc.state.brushOrigin.x) + dc.target.origin.x,
+                  Bounded(dc.state.brushOrigin.y) + dc.target.origin.y};
   return paint;
 }
 

@@ -4,6 +4,7 @@
 
 #include "../world.h"
 #include "bitmap.h"
+#include "bounded.h"
 #include "object.h"
 
 namespace desktop {
@@ -55,7 +56,7 @@ HPEN WINAPI CreatePen(int style, int width, COLORREF color) {
   if (style == PS_NULL) return static_cast<HPEN>(GetStockObject(NULL_PEN));
   auto pen = std::make_unique<Pen>();
   pen->style = style < PS_SOLID || style > PS_INSIDEFRAME ? PS_SOLID : static_cast<DWORD>(style);
-  pen->width = width < 0 ? -width : width;
+  pen->width = std::abs(Bounded(width));
   pen->color = color & 0xffffff;
   return static_cast<HPEN>(AddObject(std::move(pen)));
 }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "../world.h"
+#include "bounded.h"
 #include "paint.h"
 
 namespace desktop {
@@ -94,6 +95,8 @@ BOOL WINAPI FrameRgn(HDC handle, HRGN regionHandle, HBRUSH brush, int width, int
   DeviceContext* dc = FindDC(handle);
   Region* region = RegionFromHandle(regionHandle);
   if (!dc || !region || width <= 0 || height <= 0) return FALSE;
+  width = Bounded(width);
+  height = Bounded(height);
   Region core = *region;
   for (POINT shift : {POINT{-width, 0}, POINT{width, 0}, POINT{0, -height}, POINT{0, height}}) {
     Region moved = *region;

@@ -136,6 +136,27 @@ Region::Region(const RECT& rect) {
   if (rect.left < rect.right && rect.top < rect.bottom) m_rects.push_back(rect);
 }
 
+Region Region::FromRows(const std::vector<RECT>& rows) {
+  Region region;
+  std::vector<RECT>& out = region.m_rects;
+  size_t previous = 0;
+  size_t last = 0;
+  for (const RECT& row : rows) {
+    if (row.left >= row.right) continue;
+    if (out.size() > last && out[last].top != row.top) {
+      previous = Coalesce(out, previous, last);
+      last = out.size();
+    }
+    if (out.size() > last && out.back().right == row.left) {
+      out.back().right = row.right;
+    } else {
+      out.push_back({row.left, row.top, row.right, row.top + 1});
+    }
+  }
+  Coalesce(out, previous, last);
+  return region;
+}
+
 RECT Region::Bounds() const {
   if (m_rects.empty()) return {};
   RECT box = {m_rects.front().left, m_rects.front().top, m_rects.front().right, m_rects.back().bottom};

@@ -11,6 +11,9 @@ class Region {
  public:
   Region() = default;
   explicit Region(const RECT& rect);
+  // From the rows of a shape, one pixel high each, in order from top to bottom and left to right and
+  // disjoint. Empty ones may be among them.
+  static Region FromRows(const std::vector<RECT>& rows);
 
   bool IsEmpty() const { return m_rects.empty(); }
   bool IsRectangle() const { return m_rects.size() == 1; }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "../world.h"
+#include "bounded.h"
 #include "object.h"
 #include "shapes.h"
 
@@ -49,14 +50,14 @@ HRGN WINAPI CreateRectRgnIndirect(const RECT* rect) {
 HRGN WINAPI CreateRoundRectRgn(int left, int top, int right, int bottom, int width, int height) {
   WorldLock lock(WorldMutex());
   // The right and bottom edges of a round region are exclusive once more than those of the shape.
-  RECT rect = Normalized(left, top, right, bottom);
+  RECT rect = Bounded(Normalized(left, top, right, bottom));
   --rect.right;
   --rect.bottom;
   return MakeRegion(RoundedRegion(rect, width, height));
 }
 
 HRGN WINAPI CreateEllipticRgn(int left, int top, int right, int bottom) {
-  RECT rect = Normalized(left, top, right, bottom);
+  RECT rect = Bounded(Normalized(left, top, right, bottom));
   return CreateRoundRectRgn(left, top, right, bottom, rect.right - rect.left, rect.bottom - rect.top);
 }
 

@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <vector>
 
+#include "bounded.h"
+
 namespace desktop {
 namespace {
 
@@ -40,28 +42,35 @@ void AddCrossing(const POINT& from, const POINT& to, LONG y, std::vector<Crossin
   crossings.push_back({static_cast<LONG>(x), down ? 1 : -1});
 }
 
-void AddSpans(const std::vector<Crossing>& crossings, LONG y, int mode, Region& region) {
+void AddSpans(const std::vector<Crossing>& crossings, LONG y, int mode, std::vector<RECT>& rows) {
   int winding = 0;
   for (size_t i = 0; i + 1 < crossings.size(); ++i) {
     winding += mode == WINDING ? crossings[i].winding : 1;
     bool inside = mode == WINDING ? winding != 0 : winding % 2 != 0;
-    if (inside) region |= Region(RECT{crossings[i].x, y, crossings[i + 1].x, y + 1});
+    if (inside) rows.push_back({crossings[i].x, y, crossings[i + 1].x, y + 1});
   }
 }
 
 }  // namespace
 
 Region RoundedRegion(const RECT& rect, int width, int height) {
-  width = std::min(std::abs(width), rect.right - rect.left);
-  height = std::min(std::abs(height), rect.bottom - rect.top);
+  // No surface shows more of a curve than this.
+  constexpr int kMostCurved = 0xffff;
+  width = std::min(std::abs(Bounded(width)), rect.right - rect.left);
+  height = std::min({std::abs(Bounded(height)), rect.bottom - rect.top, kMostCurved});
   if (width < 2 || height < 2) return Region(rect);
-  int rows = height / 2;
-  Region region(RECT{rect.left, rect.top + rows, rect.right, rect.bottom - rows});
-  for (int row = 0; row < rows; ++row) {
+  int curved = height / 2;
+  std::vector<RECT> upper;
+  std::vector<RECT> lower;
+  for (int row = 0; row < curved; ++row) {
     int inset = CornerInset(row, width, height);
-    region |= Region(RECT{rect.left + inset, rect.top + row, rect.right - inset, rect.top + row + 1});
-    region |= Region(RECT{rect.left + inset, rect.bottom - row - 1, rect.right - inset, rect.bottom - row});
+    upper.push_back({rect.left + inset, rect.top + row, rect.right - inset, rect.top + row + 1});
+    lower.push_back({rect.left + inset, rect.bottom - 1 - row, rect.right - inset, rect.bottom - row});
   }
+  std::reverse(lower.begin(), lower.end());
+  Region region = Region::FromRows(upper);
+  region |= Region(RECT{rect.left, rect.top + curved, rect.right, rect.bottom - curved});
+  region |= Region::FromRows(lower);
   return region;
 }
 
@@ -69,13 +78,13 @@ Region PolygonRegion(const POINT* points, const int* counts, int polygons, int m
   constexpr LONG kFar = 0x7fff;
   size_t total = 0;
   for (int i = 0; i < polygons; ++i) total += static_cast<size_t>(counts[i]);
-  Region region;
-  if (total == 0) return region;
+  if (total == 0) return {};
   auto [low, high] =
       std::minmax_element(points, points + total, [](const POINT& a, const POINT& b) { return a.y < b.y; });
   LONG top = std::max(low->y, -kFar);
   LONG bottom = std::min(high->y, kFar);
   std::vector<Crossing> crossings;
+  std::vector<RECT> rows;
   for (LONG y = top; y < bottom; ++y) {
     crossings.clear();
     const POINT* first = points;
@@ -86,9 +95,9 @@ Region PolygonRegion(const POINT* points, const int* counts, int polygons, int m
     }
     std::sort(crossings.begin(), crossings.end(),
               [](const Crossing& a, const Crossing& b) { return a.x < b.x; });
-    AddSpans(crossings, y, mode, region);
+    AddSpans(crossings, y, mode, rows);
   }
-  return region;
+  return Region::FromRows(rows);
 }
 
 }  // namespace desktop

@@ -39,7 +39,8 @@ Stroke::Stroke(DeviceContext& dc) : m_dc(dc) {
   Pen* pen = FindPen(dc.state.pen);
   if (!pen || (pen->style & PS_STYLE_MASK) == PS_NULL) return;
   m_draws = true;
-  m_width = std::max(1, pen->width);
+  // Wider ones cover everything alike.
+  m_width = std::clamp(pen->width, 1, 0x7fff);
   m_insideFrame = (pen->style & PS_STYLE_MASK) == PS_INSIDEFRAME;
   m_rop = TernaryFromRop2(dc.state.rop2);
   m_word = ColorWord(dc, pen->usesDcColor ? dc.state.penColor : pen->color);

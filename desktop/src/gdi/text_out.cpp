@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "../world.h"
+#include "bounded.h"
 #include "device_context.h"
 #include "paint.h"
 #include "text.h"
@@ -24,8 +25,9 @@ Line Measure(const DeviceContext& dc, const Typeface& face, const wchar_t* text,
              bool pairs) {
   Line line{text, length, std::vector<int>(length), 0};
   for (size_t i = 0; i < length; ++i) {
-    line.advances[i] = dx ? dx[pairs ? 2 * i : i] : face.Advance(text[i]) + dc.state.charExtra;
-    line.width += line.advances[i];
+    int advance = dx ? dx[pairs ? 2 * i : i] : face.Advance(text[i]) + Bounded(dc.state.charExtra);
+    line.advances[i] = Bounded(advance);
+    line.width = Bounded(line.width + line.advances[i]);
   }
   return line;
 }
@@ -49,7 +51,7 @@ POINT Place(const DeviceContext& dc, const Typeface& face, POINT reference, int 
 void MovePosition(DeviceContext& dc, int width) {
   UINT align = dc.state.textAlign;
   if ((align & TA_CENTER) == TA_CENTER) return;
-  dc.state.position.x += align & TA_RIGHT ? -width : width;
+  dc.state.position.x = Bounded(dc.state.position.x) + (align & TA_RIGHT ? -width : width);
 }
 
 // Draws glyphs within one rectangle.
