@@ -505,7 +505,6 @@ DESKTOP_API HWND WINAPI GetActiveWindow();
 DESKTOP_API BOOL WINAPI SetForegroundWindow(HWND window);
 DESKTOP_API HWND WINAPI GetForegroundWindow();
 DESKTOP_API BOOL WINAPI GetGUIThreadInfo(DWORD thread, PGUITHREADINFO info);
-DESKTOP_API BOOL WINAPI AttachThreadInput(DWORD thread, DWORD to, BOOL attach);
 
 DESKTOP_API BOOL WINAPI CreateCaret(HWND window, HBITMAP bitmap, int width, int height);
 DESKTOP_API BOOL WINAPI DestroyCaret();

@@ -83,8 +83,14 @@ void FixPlace(Plan& plan) {
     return;
   }
   const RECT work{0, 0, Metric(SM_CXSCREEN), Metric(SM_CYSCREEN)};
-  cs.cx = work.right * 3 / 4 - cs.x;
-  cs.cy = work.bottom * 3 / 4 - cs.y;
+  cs.cx = work.right * 3 / 4 - Near(cs.x);
+  cs.cy = work.bottom * 3 / 4 - Near(cs.y);
+}
+
+RECT PlaceOf(const CREATESTRUCTW& cs) {
+  const int x = Near(cs.x);
+  const int y = Near(cs.y);
+  return {x, y, x + std::clamp(cs.cx, 0, 32767), y + std::clamp(cs.cy, 0, 32767)};
 }
 
 Window* Make(const Plan& plan) {
@@ -109,9 +115,7 @@ Window* Make(const Plan& plan) {
   } else {
     window->menu = cs.hMenu;
   }
-  const int cx = std::max(cs.cx, 0);
-  const int cy = std::max(cs.cy, 0);
-  window->rect = window->client = {cs.x, cs.y, cs.x + cx, cs.y + cy};
+  window->rect = window->client = PlaceOf(cs);
   LinkWindow(window, plan.parent, nullptr);
   return window;
 }
@@ -205,8 +209,7 @@ bool CbtRefuses(HWND handle, CREATESTRUCTW& cs) {
   // The hook has moved the window.
   WorldLock lock(WorldMutex());
   Window* window = FromHandle(handle);
-  if (window)
-    window->rect = window->client = {cs.x, cs.y, cs.x + std::max(cs.cx, 0), cs.y + std::max(cs.cy, 0)};
+  if (window) window->rect = window->client = PlaceOf(cs);
   return false;
 }
 

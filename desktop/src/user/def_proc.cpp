@@ -274,12 +274,11 @@ LRESULT Wheel(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
   return parent ? Send(parent, message, wParam, lParam) : 0;
 }
 
+// Popups come and go with their owner.
 LRESULT ShowForOwner(HWND handle, bool show, LPARAM reason) {
-  if (!reason) return 0;
-  const DWORD style = StyleOf(handle);
-  if (!(style & WS_POPUP)) return 0;
-  const bool visible = style & WS_VISIBLE;
-  if (visible == show) return 0;
+  if (!reason || !GetWindow(handle, GW_OWNER)) return 0;
+  const bool visible = StyleOf(handle) & WS_VISIBLE;
+  if (visible != show) ShowWindow(handle, show ? SW_SHOWNOACTIVATE : SW_HIDE);
   return 0;
 }
 
@@ -372,8 +371,10 @@ LRESULT Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
       return AskForContextMenu(window, point);
     }
     case WM_CONTEXTMENU: return ContextMenu(window, wParam, lParam);
-    case WM_WINDOWPOSCHANGING: return PositionChanging(window, *reinterpret_cast<WINDOWPOS*>(lParam));
-    case WM_WINDOWPOSCHANGED: return PositionChanged(window, *reinterpret_cast<const WINDOWPOS*>(lParam));
+    case WM_WINDOWPOSCHANGING:
+      return lParam ? PositionChanging(window, *reinterpret_cast<WINDOWPOS*>(lParam)) : 0;
+    case WM_WINDOWPOSCHANGED:
+      return lParam ? PositionChanged(window, *reinterpret_cast<const WINDOWPOS*>(lParam)) : 0;
     case WM_ACTIVATE: return Activated(window, wParam);
     case WM_MOUSEACTIVATE: return MouseActivate(window, wParam, lParam);
     case WM_SETCURSOR: return SetTheCursor(window, reinterpret_cast<HWND>(wParam), lParam);

@@ -325,9 +325,3 @@ BOOL WINAPI GetGUIThreadInfo(DWORD thread, PGUITHREADINFO info) {
   if (queue->moveSize) info->flags |= GUI_INMOVESIZE;
   return TRUE;
 }
-
-BOOL WINAPI AttachThreadInput(DWORD thread, DWORD to, BOOL) {
-  // Threads keep their own focus and active window here.
-  SetLastError(thread == to ? ERROR_INVALID_PARAMETER : ERROR_ACCESS_DENIED);
-  return FALSE;
-}

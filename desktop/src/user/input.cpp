@@ -117,7 +117,7 @@ void DoMouse(const MOUSEINPUT& in) {
   const POINT cursor = TheDevice().cursor;
   const auto data = static_cast<WORD>(in.mouseData);
   if (in.dwFlags & MOUSEEVENTF_MOVE) {
-    POINT to{cursor.x + in.dx, cursor.y + in.dy};
+    POINT to{cursor.x + Near(in.dx), cursor.y + Near(in.dy)};
     if (in.dwFlags & MOUSEEVENTF_ABSOLUTE) {
       to.x = static_cast<int>((static_cast<long long>(in.dx) * Metric(SM_CXSCREEN)) >> 16);
       to.y = static_cast<int>((static_cast<long long>(in.dy) * Metric(SM_CYSCREEN)) >> 16);

@@ -14,8 +14,7 @@ namespace {
 // A program that peeks and peeks without success waits for time to pass.
 constexpr int kPatientPeeks = 1000;
 
-void FillTime(const Queue& queue, MSG& msg) {
-  (void)queue;
+void FillTime(MSG& msg) {
   msg.time = ClockTicks();
   msg.pt = CursorPos();
 }
@@ -35,7 +34,7 @@ bool TakeQuit(Queue& queue, const Filter& filter, MSG& msg) {
   msg = {};
   msg.message = WM_QUIT;
   msg.wParam = static_cast<WPARAM>(queue.exitCode);
-  FillTime(queue, msg);
+  FillTime(msg);
   if (filter.Removes()) queue.quit = false;
   return true;
 }
@@ -85,7 +84,7 @@ bool TakePaint(Queue& queue, const Filter& filter, MSG& msg) {
   msg = {};
   msg.hwnd = window->handle;
   msg.message = WM_PAINT;
-  FillTime(queue, msg);
+  FillTime(msg);
   // An internal paint is asked for once only.
   if (filter.Removes()) window->update.internalPaint = false;
   return true;
@@ -99,7 +98,7 @@ bool TakeTimer(Queue& queue, const Filter& filter, MSG& msg) {
   msg.message = timer->message;
   msg.wParam = timer->id;
   msg.lParam = reinterpret_cast<LPARAM>(timer->proc);
-  FillTime(queue, msg);
+  FillTime(msg);
   if (filter.Removes()) timer->due = ClockNow() + timer->period;
   return true;
 }
@@ -182,6 +181,34 @@ void NudgeClock(Queue& queue) {
   MoveClock(ClockNow() + 1);
 }
 
+// Messages whose parameters point to what the sender keeps only while it waits.
+bool CarriesPointer(UINT message) {
+  switch (message) {
+    case WM_CREATE:
+    case WM_SETTEXT:
+    case WM_GETTEXT:
+    case WM_SETTINGCHANGE:
+    case WM_GETMINMAXINFO:
+    case WM_DRAWITEM:
+    case WM_MEASUREITEM:
+    case WM_DELETEITEM:
+    case WM_COMPAREITEM:
+    case WM_WINDOWPOSCHANGING:
+    case WM_WINDOWPOSCHANGED:
+    case WM_COPYDATA:
+    case WM_NOTIFY:
+    case WM_HELP:
+    case WM_STYLECHANGING:
+    case WM_STYLECHANGED:
+    case WM_NCCREATE:
+    case WM_NCCALCSIZE:
+    case WM_SIZING:
+    case WM_MOVING:
+    case WM_MDICREATE: return true;
+    default: return false;
+  }
+}
+
 UINT PendingBits(const Queue& queue) {
   UINT bits = 0;
   if (!queue.sent.empty()) bits |= QS_SENDMESSAGE;
@@ -221,6 +248,10 @@ bool WaitForBits(UINT mask, unsigned long long deadline, bool onlyNew) {
 }  // namespace desktop
 
 BOOL WINAPI PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (CarriesPointer(message)) {
+    SetLastError(ERROR_MESSAGE_SYNC_ONLY);
+    return FALSE;
+  }
   WorldLock lock(WorldMutex());
   MSG msg{window, message, wParam, lParam, ClockTicks(), CursorPos()};
   if (!window) {
@@ -250,11 +281,15 @@ BOOL WINAPI PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam
 }
 
 BOOL WINAPI PostThreadMessageW(DWORD thread, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (CarriesPointer(message)) {
+    SetLastError(ERROR_MESSAGE_SYNC_ONLY);
+    return FALSE;
+  }
   WorldLock lock(WorldMutex());
   if (thread == GetCurrentThreadId()) MyQueue();
   const auto queue = QueueOfThread(thread);
   if (!queue) {
-    SetLastError(1444);  // ERROR_INVALID_THREAD_ID
+    SetLastError(ERROR_INVALID_THREAD_ID);
     return FALSE;
   }
   queue->posted.push_back({nullptr, message, wParam, lParam, ClockTicks(), CursorPos()});

@@ -215,8 +215,6 @@ InputOutcome MakeMouseMessage(const InputEvent& event, MSG& msg, const Filter& f
   AddressToWindow(msg, event, aim);
   msg.message = CountClick(msg.message, msg.hwnd, event, WantsDoubleClicks(msg.hwnd, aim.hit), false);
   if (!filter.Takes(msg.message) || !MatchesFilter(msg.hwnd, filter.window)) {
-    const bool button = IsButtonDown(event.message);
-    (void)button;
     return InputOutcome::leave;
   }
   if (HookRefuses(msg, aim.hit, remove, event.extra)) return drop();
@@ -280,7 +278,7 @@ void CheckTrackedMouse(Queue& queue) {
 
 HWND WINAPI WindowFromPoint(POINT point) {
   int hit;
-  const HWND window = WindowAt(nullptr, point, &hit);
+  const HWND window = WindowAt(nullptr, {Near(point.x), Near(point.y)}, &hit);
   return window ? window : GetDesktopWindow();
 }
 

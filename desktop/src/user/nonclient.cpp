@@ -225,10 +225,11 @@ void AdjustForFrame(RECT& rect, DWORD style, DWORD exStyle) {
 }
 
 LRESULT DefNcCalcSize(HWND handle, WPARAM wParam, LPARAM lParam) {
+  if (!lParam) return 0;
   auto& rect = *reinterpret_cast<RECT*>(lParam);
   WorldLock lock(WorldMutex());
   Window* window = FromHandle(handle);
-  if (!window || !lParam) return 0;
+  if (!window) return 0;
   LRESULT result = 0;
   if (wParam) {
     if (window->cls->style & CS_VREDRAW) result |= WVR_VREDRAW;
@@ -349,6 +350,7 @@ HMENU& WindowSystemMenu(HWND handle) {
 
 BOOL WINAPI AdjustWindowRectEx(LPRECT rect, DWORD style, BOOL menu, DWORD exStyle) {
   if (!rect) return FALSE;
+  *rect = Near(*rect);
   WorldLock lock(WorldMutex());
   style &= ~(WS_VSCROLL | WS_HSCROLL);
   AdjustForFrame(*rect, style, exStyle);

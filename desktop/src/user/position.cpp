@@ -54,6 +54,8 @@ bool FixFlags(WINDOWPOS& pos) {
   Window* window = FromHandle(pos.hwnd);
   if (!window || IsDesktop(window)) return false;
   pos.flags &= ~(kStatus & (SWP_NOCLIENTSIZE | SWP_NOCLIENTMOVE));
+  pos.x = Near(pos.x);
+  pos.y = Near(pos.y);
   pos.cx = std::clamp(pos.cx, 0, 32767);
   pos.cy = std::clamp(pos.cy, 0, 32767);
   if (window->style & WS_VISIBLE) {
@@ -239,7 +241,7 @@ void Reorder(Window* window, const WINDOWPOS& pos) {
 }
 
 // The frame and the background of a top-level window live in its surface: keep what stays.
-void ResizeSurface(Window* window, const Move& move) {
+void ResizeSurface(Window* window) {
   if (!window->surface) return;
   const int width = std::clamp(window->Width(), 1, 8192);
   const int height = std::clamp(window->Height(), 1, 8192);
@@ -249,7 +251,6 @@ void ResizeSurface(Window* window, const Move& move) {
   const int columns = std::min(width, window->surface->width);
   for (int y = 0; y < rows; ++y) std::copy_n(window->surface->row(y), columns, fresh->row(y));
   window->surface = fresh;
-  (void)move;
 }
 
 Region FrameOf(const Window* window) { return Region(RECT{0, 0, window->Width(), window->Height()}); }
@@ -309,46 +310,49 @@ void Expose(Window* window, const Region& oldInParent) {
   Redraw(parent, exposed, false, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_FRAME);
 }
 
-void Invalidate(Window* window, const Move& move, const Region& oldVisible, const Region& oldInParent) {
-  const UINT flags = move.pos.flags;
-  const bool redraw = !(flags & SWP_NOREDRAW);
-  const bool geometry = (flags & kNoGeometry) != kNoGeometry || (flags & SWP_FRAMECHANGED);
-  Region stale;
-  if (flags & SWP_SHOWWINDOW) {
-    stale = VisibleRegion(window, DCX_WINDOW);
-  } else if (geometry && IsShown(window)) {
-    const bool sized = (flags & (SWP_NOSIZE | SWP_FRAMECHANGED)) != SWP_NOSIZE || !(flags & SWP_NOCLIENTSIZE);
-    stale = CarryPixels(window, move, oldVisible);
-    const bool movedOnly = !sized && !(flags & SWP_FRAMECHANGED);
-    if (movedOnly) {
-      // A window that only moves keeps its frame as well.
-      const RECT whole{0, 0, window->Width(), window->Height()};
-      Region kept = VisibleRegion(window, DCX_WINDOW);
-      kept &= oldVisible;
-      const bool top = !window->parent || !window->parent->parent;
-      if (!top) {
-        POINT origin;
-        const auto surface = SurfaceOf(window, &origin);
-        const int dx = move.rect.left - move.oldRect.left;
-        const int dy = move.rect.top - move.oldRect.top;
-        Region frame = kept;
-        frame -= Region(ClientInWindow(window));
-        frame.Offset(origin.x, origin.y);
-        RECT source = frame.Bounds();
-        OffsetRect(&source, -dx, -dy);
-        if (surface && !frame.IsEmpty()) MovePixels(*surface, source, dx, dy, frame);
-      }
-      Region waiting = window->update.region;
-      kept -= waiting;
-      stale -= kept;
-      (void)whole;
-    }
-  } else if (!(flags & SWP_NOZORDER) && IsShown(window)) {
-    stale = VisibleRegion(window, DCX_WINDOW);
-    stale -= oldVisible;
+// A window that only moves keeps its frame as well as its client area.
+Region CarryFrame(Window* window, const Move& move, const Region& oldVisible) {
+  Region kept = VisibleRegion(window, DCX_WINDOW);
+  kept &= oldVisible;
+  const bool top = !window->parent || !window->parent->parent;
+  if (!top) {
+    POINT origin;
+    const auto surface = SurfaceOf(window, &origin);
+    const int dx = move.rect.left - move.oldRect.left;
+    const int dy = move.rect.top - move.oldRect.top;
+    Region frame = kept;
+    frame -= Region(ClientInWindow(window));
+    frame.Offset(origin.x, origin.y);
+    RECT source = frame.Bounds();
+    OffsetRect(&source, -dx, -dy);
+    if (!frame.IsEmpty()) MovePixels(*surface, source, dx, dy, frame);
   }
+  kept -= window->update.region;
+  return kept;
+}
+
+// What the change leaves to be painted, in window coordinates. Pixels that stay valid are carried along.
+Region StalePart(Window* window, const Move& move, const Region& oldVisible) {
+  const UINT flags = move.pos.flags;
+  if (flags & SWP_SHOWWINDOW) return VisibleRegion(window, DCX_WINDOW);
+  if (!IsShown(window)) return {};
+  if ((flags & kNoGeometry) != kNoGeometry || (flags & SWP_FRAMECHANGED)) {
+    Region stale = CarryPixels(window, move, oldVisible);
+    const bool movedOnly =
+        (flags & (SWP_NOSIZE | SWP_FRAMECHANGED)) == SWP_NOSIZE && (flags & SWP_NOCLIENTSIZE);
+    if (movedOnly) stale -= CarryFrame(window, move, oldVisible);
+    return stale;
+  }
+  if (flags & SWP_NOZORDER) return {};
+  Region stale = VisibleRegion(window, DCX_WINDOW);
+  stale -= oldVisible;
+  return stale;
+}
+
+void Invalidate(Window* window, const Move& move, const Region& oldVisible, const Region& oldInParent) {
+  const Region stale = StalePart(window, move, oldVisible);
   window->update.region &= FrameOf(window);
-  if (!redraw) return;
+  if (move.pos.flags & SWP_NOREDRAW) return;
   if (!stale.IsEmpty()) Redraw(window, stale, true, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
   Expose(window, oldInParent);
 }
@@ -370,7 +374,7 @@ void Commit(Move& move) {
     window->style &= ~WS_VISIBLE;
     window->update = {};
   }
-  if (!window->parent || !window->parent->parent) ResizeSurface(window, move);
+  if (!window->parent || !window->parent->parent) ResizeSurface(window);
   Invalidate(window, move, oldVisible, oldInParent);
   RetargetDCs();
 }

@@ -2,6 +2,14 @@
 
 #include <windows.h>
 
+namespace {
+
+// Coordinates wrap around at the ends of their range, as on Windows.
+LONG Sum(LONG a, int b) { return static_cast<LONG>(static_cast<DWORD>(a) + static_cast<DWORD>(b)); }
+LONG Difference(LONG a, int b) { return static_cast<LONG>(static_cast<DWORD>(a) - static_cast<DWORD>(b)); }
+
+}  // namespace
+
 BOOL WINAPI SetRect(LPRECT rect, int left, int top, int right, int bottom) {
   if (!rect) return FALSE;
   *rect = {left, top, right, bottom};
@@ -18,13 +26,14 @@ BOOL WINAPI CopyRect(LPRECT to, const RECT* from) {
 
 BOOL WINAPI InflateRect(LPRECT rect, int dx, int dy) {
   if (!rect) return FALSE;
-  *rect = {rect->left - dx, rect->top - dy, rect->right + dx, rect->bottom + dy};
+  *rect = {Difference(rect->left, dx), Difference(rect->top, dy), Sum(rect->right, dx),
+           Sum(rect->bottom, dy)};
   return TRUE;
 }
 
 BOOL WINAPI OffsetRect(LPRECT rect, int dx, int dy) {
   if (!rect) return FALSE;
-  *rect = {rect->left + dx, rect->top + dy, rect->right + dx, rect->bottom + dy};
+  *rect = {Sum(rect->left, dx), Sum(rect->top, dy), Sum(rect->right, dx), Sum(rect->bottom, dy)};
   return TRUE;
 }
 

@@ -63,7 +63,7 @@ Window* ChildAt(Window* parent, POINT inClient, UINT flags) {
                     parent->client.bottom - parent->client.top};
   if (!PtInRect(&client, inClient)) {
     // Points in the frame belong to the parent itself.
-    POINT inParent{inClient.x + parent->client.left, inClient.y + parent->client.top};
+    const POINT inParent{inClient.x + parent->client.left, inClient.y + parent->client.top};
     return PtInRect(&parent->rect, inParent) ? parent : nullptr;
   }
   for (Window* child = parent->firstChild; child; child = child->below) {
@@ -73,6 +73,13 @@ Window* ChildAt(Window* parent, POINT inClient, UINT flags) {
     if (PtInRect(&child->rect, inClient)) return child;
   }
   return parent;
+}
+
+// Wraps around at the ends of the range.
+POINT Moved(POINT point, int dx, int dy) {
+  RECT rect{point.x, point.y, point.x, point.y};
+  OffsetRect(&rect, dx, dy);
+  return {rect.left, rect.top};
 }
 
 bool Shift(HWND from, HWND to, int& dx, int& dy) {
@@ -251,7 +258,7 @@ DWORD WINAPI GetWindowThreadProcessId(HWND handle, LPDWORD process) {
 HWND WINAPI ChildWindowFromPointEx(HWND parent, POINT point, UINT flags) {
   WorldLock lock(WorldMutex());
   Window* window = FromHandleOrError(parent);
-  return window ? HandleOf(ChildAt(window, point, flags)) : nullptr;
+  return window ? HandleOf(ChildAt(window, {Near(point.x), Near(point.y)}, flags)) : nullptr;
 }
 
 HWND WINAPI ChildWindowFromPoint(HWND parent, POINT point) {
@@ -267,8 +274,7 @@ int WINAPI MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count) {
   int dy;
   if (!points || !Shift(from, to, dx, dy)) return 0;
   for (UINT i = 0; i < count; ++i) {
-    points[i].x += dx;
-    points[i].y += dy;
+    points[i] = Moved(points[i], dx, dy);
   }
   return MAKELONG(dx, dy);
 }
@@ -281,8 +287,7 @@ BOOL WINAPI ClientToScreen(HWND window, LPPOINT point) {
     return FALSE;
   }
   if (!Shift(window, nullptr, dx, dy)) return FALSE;
-  point->x += dx;
-  point->y += dy;
+  *point = Moved(*point, dx, dy);
   return TRUE;
 }
 
@@ -294,8 +299,7 @@ BOOL WINAPI ScreenToClient(HWND window, LPPOINT point) {
     return FALSE;
   }
   if (!Shift(nullptr, window, dx, dy)) return FALSE;
-  point->x += dx;
-  point->y += dy;
+  *point = Moved(*point, dx, dy);
   return TRUE;
 }
 

@@ -85,13 +85,15 @@ int WINAPI ScrollWindowEx(HWND handle, int dx, int dy, const RECT* rect, const R
                           LPRECT updateRect, UINT flags) {
   Region update;
   std::vector<HWND> children;
+  dx = Near(dx);
+  dy = Near(dy);
   {
     WorldLock lock(WorldMutex());
     Window* window = FromHandleOrError(handle);
     if (!window) return ERROR;
     RECT client = window->client;
     OffsetRect(&client, -client.left, -client.top);
-    Area area{Region(rect ? *rect : client), Region(clip ? *clip : client)};
+    Area area{Region(rect ? Near(*rect) : client), Region(clip ? Near(*clip) : client)};
     area.moves &= Region(client);
     area.clip &= Region(client);
     if (rect) area.clip &= rect && !clip ? area.moves : area.clip;
@@ -132,8 +134,10 @@ BOOL WINAPI ScrollDC(HDC dc, int dx, int dy, const RECT* rect, const RECT* clip,
                      LPRECT updateRect) {
   RECT box;
   if (GetClipBox(dc, &box) == ERROR) return FALSE;
-  RECT area = rect ? *rect : box;
-  RECT limit = clip ? *clip : box;
+  dx = Near(dx);
+  dy = Near(dy);
+  const RECT area = rect ? Near(*rect) : box;
+  const RECT limit = clip ? Near(*clip) : box;
   RECT source = area;
   IntersectRect(&source, &source, &limit);
   RECT target = source;

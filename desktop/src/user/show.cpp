@@ -154,6 +154,8 @@ MINMAXINFO AskMinMax(HWND handle) {
     if (window->maxPos.x != -1 || window->maxPos.y != -1) info.ptMaxPosition = window->maxPos;
   }
   Send(handle, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
+  for (POINT* point : {&info.ptMaxSize, &info.ptMaxPosition, &info.ptMinTrackSize, &info.ptMaxTrackSize})
+    *point = Near(*point);
   info.ptMaxTrackSize.x = std::max(info.ptMaxTrackSize.x, info.ptMinTrackSize.x);
   info.ptMaxTrackSize.y = std::max(info.ptMaxTrackSize.y, info.ptMinTrackSize.y);
   return info;
@@ -244,13 +246,8 @@ BOOL WINAPI ShowOwnedPopups(HWND owner, BOOL show) {
       top->showPending = !show && visible;
     }
   }
-  for (HWND popup : popups) {
-    // The popup follows its owner, it is not shown for itself.
-    Send(popup, WM_SHOWWINDOW, show, show ? SW_PARENTOPENING : SW_PARENTCLOSING);
-    const UINT flags = SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE;
-    if (IsWindow(popup))
-      SetWindowPos(popup, nullptr, 0, 0, 0, 0, flags | (show ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
-  }
+  for (HWND popup : popups)
+    if (IsWindow(popup)) Send(popup, WM_SHOWWINDOW, show, show ? SW_PARENTOPENING : SW_PARENTCLOSING);
   return TRUE;
 }
 
@@ -289,12 +286,12 @@ BOOL WINAPI SetWindowPlacement(HWND handle, const WINDOWPLACEMENT* placement) {
     WorldLock lock(WorldMutex());
     Window* window = FromHandleOrError(handle);
     if (!window || !placement) return FALSE;
-    window->minPos = placement->ptMinPosition;
-    window->maxPos = placement->ptMaxPosition;
-    window->normalRect = placement->rcNormalPosition;
+    window->minPos = Near(placement->ptMinPosition);
+    window->maxPos = Near(placement->ptMaxPosition);
+    window->normalRect = Near(placement->rcNormalPosition);
     window->restoreToMaximized = placement->flags & WPF_RESTORETOMAXIMIZED;
     plain = !(window->style & (WS_MINIMIZE | WS_MAXIMIZE));
-    to = placement->rcNormalPosition;
+    to = window->normalRect;
   }
   if (plain)
     SetWindowPos(handle, nullptr, to.left, to.top, to.right - to.left, to.bottom - to.top,

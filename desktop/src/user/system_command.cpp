@@ -153,10 +153,9 @@ bool StartDrag(Drag& drag, HWND window, WPARAM command) {
   return IsWindow(window);
 }
 
-void EndDrag(HWND window) {
+void EndDrag() {
   WorldLock lock(WorldMutex());
   MyQueue()->moveSize = nullptr;
-  (void)window;
 }
 
 }  // namespace
@@ -172,7 +171,7 @@ void SizeMoveLoop(HWND window, WPARAM command) {
   SetCapture(window);
   Send(window, WM_ENTERSIZEMOVE);
   const bool givenUp = RunDrag(drag, byKeys);
-  EndDrag(window);
+  EndDrag();
   if (!IsWindow(window)) return;
   const bool changed = !EqualRect(&drag.start, &drag.now);
   const bool refused = HasHook(WH_CBT) && CallHooks(WH_CBT, HCBT_MOVESIZE, reinterpret_cast<WPARAM>(window),

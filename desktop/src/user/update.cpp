@@ -127,7 +127,7 @@ BOOL RedrawWindowIn(HWND handle, const RECT* rect, HRGN rgn, UINT flags) {
         if (!given) return FALSE;
         part = *given;
       } else if (!IsRectEmpty(rect)) {
-        part = Region(*rect);
+        part = Region(Near(*rect));
       }
       const RECT client = ClientInWindow(window);
       part.Offset(client.left, client.top);

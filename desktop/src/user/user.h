@@ -1,6 +1,8 @@
 // What the files of the window part ask of each other beyond windows and queues.
 #pragma once
 
+#include <algorithm>
+
 #include <windows.h>
 
 #include "user/queue.h"
@@ -13,6 +15,14 @@
 #define SWP_STATECHANGED 0x8000
 
 namespace desktop {
+
+// Coordinates of windows and parts of them are kept within bounds that no sum of theirs leaves.
+constexpr int kFar = 1 << 22;
+inline int Near(int coordinate) { return std::clamp(coordinate, -kFar, kFar); }
+inline POINT Near(POINT point) { return {Near(point.x), Near(point.y)}; }
+inline RECT Near(const RECT& rect) {
+  return {Near(rect.left), Near(rect.top), Near(rect.right), Near(rect.bottom)};
+}
 
 // --- clock. Lock held.
 unsigned long long ClockNow();
