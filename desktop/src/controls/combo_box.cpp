@@ -270,6 +270,38 @@ LRESULT ComboBox::HandleInput(UINT message, WPARAM wParam, LPARAM lParam) {
   }
 }
 
+LRESULT ComboBox::HandleText(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_SETTEXT: {
+      if (!HasEdit()) return CB_ERR;
+      m_updating = true;
+      const LRESULT result = SendMessageW(m_edit, message, wParam, lParam);
+      m_updating = false;
+      return result;
+    }
+    case WM_GETTEXT:
+      if (HasEdit()) return SendMessageW(m_edit, message, wParam, lParam);
+      if (!wParam) return 0;
+      lstrcpynW(reinterpret_cast<LPWSTR>(lParam), TextOf(ToList(LB_GETCURSEL)).c_str(),
+                static_cast<int>(wParam));
+      return lstrlenW(reinterpret_cast<LPCWSTR>(lParam));
+    case WM_GETTEXTLENGTH:
+      if (HasEdit()) return SendMessageW(m_edit, message, wParam, lParam);
+      return static_cast<LRESULT>(TextOf(ToList(LB_GETCURSEL)).size());
+    case WM_CUT:
+    case WM_COPY:
+    case WM_PASTE:
+    case WM_CLEAR: return HasEdit() ? SendMessageW(m_edit, message, wParam, lParam) : 0;
+    default: return HandleInput(message, wParam, lParam);
+  }
+}
+
+LRESULT ComboBox::OnGetDlgCode(const MSG* key) const {
+  const bool closes =
+      key && key->message == WM_KEYDOWN && (key->wParam == VK_RETURN || key->wParam == VK_ESCAPE);
+  return DLGC_WANTARROWS | DLGC_WANTCHARS | (closes && m_dropped ? DLGC_WANTMESSAGE : 0);
+}
+
 LRESULT ComboBox::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message >= CB_GETEDITSEL && message <= CB_SETDROPPEDWIDTH) return HandleCombo(message, wParam, lParam);
   switch (message) {
@@ -293,31 +325,8 @@ LRESULT ComboBox::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_GETFONT: return reinterpret_cast<LRESULT>(m_font);
     case WM_SIZE:
-    case WM_WINDOWPOSCHANGED: {
-      const LRESULT result = message == WM_SIZE ? 0 : Default(message, wParam, lParam);
-      if (message == WM_SIZE && m_list) MoveParts();
-      return result;
-    }
-    case WM_SETTEXT: {
-      if (!HasEdit()) return CB_ERR;
-      m_updating = true;
-      const LRESULT result = SendMessageW(m_edit, message, wParam, lParam);
-      m_updating = false;
-      return result;
-    }
-    case WM_GETTEXT:
-      if (HasEdit()) return SendMessageW(m_edit, message, wParam, lParam);
-      if (!wParam) return 0;
-      lstrcpynW(reinterpret_cast<LPWSTR>(lParam), TextOf(ToList(LB_GETCURSEL)).c_str(),
-                static_cast<int>(wParam));
-      return lstrlenW(reinterpret_cast<LPCWSTR>(lParam));
-    case WM_GETTEXTLENGTH:
-      if (HasEdit()) return SendMessageW(m_edit, message, wParam, lParam);
-      return static_cast<LRESULT>(TextOf(ToList(LB_GETCURSEL)).size());
-    case WM_CUT:
-    case WM_COPY:
-    case WM_PASTE:
-    case WM_CLEAR: return HasEdit() ? SendMessageW(m_edit, message, wParam, lParam) : 0;
+      if (m_list) MoveParts();
+      return 0;
     case WM_SETFOCUS:
       if (HasEdit())
         SetFocus(m_edit);
@@ -331,12 +340,7 @@ LRESULT ComboBox::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       if (m_edit) EnableWindow(m_edit, wParam != 0);
       Invalidate();
       return 0;
-    case WM_GETDLGCODE: {
-      const auto* key = reinterpret_cast<const MSG*>(lParam);
-      const bool closes =
-          key && key->message == WM_KEYDOWN && (key->wParam == VK_RETURN || key->wParam == VK_ESCAPE);
-      return DLGC_WANTARROWS | DLGC_WANTCHARS | (closes && m_dropped ? DLGC_WANTMESSAGE : 0);
-    }
+    case WM_GETDLGCODE: return OnGetDlgCode(reinterpret_cast<const MSG*>(lParam));
     case WM_COMMAND: return OnCommand(wParam);
     case WM_DRAWITEM:
     case WM_MEASUREITEM:
@@ -348,7 +352,7 @@ LRESULT ComboBox::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ERASEBKGND: return 1;
     case WM_PAINT:
     case WM_PRINTCLIENT: Paint(ControlPaint(Window(), wParam, m_font)); return 0;
-    default: return HandleInput(message, wParam, lParam);
+    default: return HandleText(message, wParam, lParam);
   }
 }
 

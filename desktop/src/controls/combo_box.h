@@ -34,6 +34,8 @@ class ComboBox : public Control {
   // combo_box.cpp: messages
   LRESULT HandleCombo(UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT HandleGeometry(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT HandleText(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT OnGetDlgCode(const MSG* key) const;
   LRESULT HandleInput(UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT OnCommand(WPARAM wParam);
   LRESULT ForwardOwnerDraw(UINT message, LPARAM lParam) const;

@@ -233,12 +233,7 @@ LRESULT Edit::HandleEdit(UINT message, WPARAM wParam, LPARAM lParam) {
 
 LRESULT Edit::HandleInput(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_KEYDOWN: {
-      const bool inDialog = IsMultiline() && !(GetKeyState(VK_SHIFT) < 0);
-      if (inDialog && wParam == VK_ESCAPE && PressDialogButton(IDCANCEL)) return 0;
-      OnKeyDown(static_cast<int>(wParam));
-      return 0;
-    }
+    case WM_KEYDOWN: OnKeyDown(static_cast<int>(wParam)); return 0;
     case WM_CHAR: OnChar(static_cast<wchar_t>(wParam)); return 0;
     case WM_LBUTTONDOWN: OnLeftDown(wParam, PointOf(lParam)); return 0;
     case WM_LBUTTONDBLCLK: OnDoubleClick(); return 0;

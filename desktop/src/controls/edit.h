@@ -56,7 +56,6 @@ class Edit : public Control {
   void MoveByLine(int lines, bool extend);
   void DeleteKey(bool shift, bool control);
   void BackKey();
-  bool PressDialogButton(int id) const;
   size_t Previous(size_t at) const;
   size_t Next(size_t at) const;
   size_t WordLeft(size_t at) const;

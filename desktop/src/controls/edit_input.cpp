@@ -74,19 +74,6 @@ void Edit::BackKey() {
   ClearSelection(Undo::kept);
 }
 
-// In a dialog some keys of a control of many lines are for a button. False when there is no such button.
-bool Edit::PressDialogButton(int id) const {
-  const HWND parent = GetParent(Window());
-  const LRESULT answer = parent ? SendMessageW(parent, DM_GETDEFID, 0, 0) : 0;
-  if (HIWORD(answer) != DC_HASDEFID && id == IDOK) return false;
-  const int button = id == IDOK ? static_cast<int>(LOWORD(answer)) : id;
-  const HWND target = parent ? GetDlgItem(parent, button) : nullptr;
-  if (!target) return false;
-  SendMessageW(parent, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(target), TRUE);
-  PostMessageW(target, WM_KEYDOWN, VK_RETURN, 0);
-  return true;
-}
-
 void Edit::OnKeyDown(int key) {
   if (IsDown(VK_MENU)) return;
   const bool shift = IsDown(VK_SHIFT);

@@ -1,6 +1,7 @@
 #include "controls/menu_track.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "controls/menu_bar.h"
 #include "controls/menu_view.h"
@@ -85,12 +86,17 @@ POINT OriginOf(HMENU handle, bool bar) {
 
 MenuLoop* MenuLoop::Current() { return t_current; }
 
+// An exception of the host may end the loop before its time.
+MenuLoop::~MenuLoop() {
+  if (t_current == this) t_current = m_outer;
+}
+
 void MenuLoop::Send(UINT message, WPARAM wParam, LPARAM lParam) const {
   if (!(m_flags & TPM_NONOTIFY)) SendMessageW(m_owner, message, wParam, lParam);
 }
 
 void MenuLoop::Begin() {
-  t_current = this;
+  m_outer = std::exchange(t_current, this);
   HideCaret(nullptr);
   Send(WM_ENTERMENULOOP, !m_bar, 0);
   SendMessageW(m_owner, WM_SETCURSOR, reinterpret_cast<WPARAM>(m_owner), HTCAPTION);
@@ -109,7 +115,7 @@ void MenuLoop::Finish() {
   SendMessageW(m_owner, WM_MENUSELECT, MAKEWPARAM(0, 0xFFFF), 0);
   SendMessageW(m_owner, WM_EXITMENULOOP, !m_bar, 0);
   ShowCaret(nullptr);
-  t_current = nullptr;
+  t_current = m_outer;
 }
 
 BOOL MenuLoop::RunPopup(POINT at, const RECT& exclude) {

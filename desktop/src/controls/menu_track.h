@@ -15,6 +15,10 @@ class MenuLoop {
     m_open.push_back(top);
   }
 
+  MenuLoop(const MenuLoop&) = delete;
+  MenuLoop& operator=(const MenuLoop&) = delete;
+  ~MenuLoop();
+
   // What TrackPopupMenuEx answers: the command with TPM_RETURNCMD, else TRUE.
   BOOL RunPopup(POINT at, const RECT& exclude);
   void RunBarByMouse(POINT point);
@@ -55,6 +59,7 @@ class MenuLoop {
   void Send(UINT message, WPARAM wParam, LPARAM lParam) const;
   void RepaintItem(HMENU menu, int item) const;
 
+  MenuLoop* m_outer = nullptr;  // the loop that this one runs in, with TPM_RECURSE
   const HWND m_owner;
   const HMENU m_top;
   const UINT m_flags;

@@ -186,9 +186,12 @@ HICON LoadShared(HINSTANCE module, LPCWSTR name, bool isIcon, int cx, int cy, UI
   const HICON made = module ? LoadFromGroup(module, name, isIcon, cx, cy, flags)
                             : (isIcon ? MakeSystemIcon(key.id) : MakeSystemCursor(key.id));
   if (!made) return nullptr;
-  ShareIcon(made);
   WorldLock lock(WorldMutex());
-  return Shared()[slot] = made;
+  const auto [entry, isNew] = Shared().emplace(slot, made);
+  // Another thread may have been faster.
+  if (!isNew) DestroyIcon(made);
+  ShareIcon(entry->second);
+  return entry->second;
 }
 
 HICON LoadPicture(HINSTANCE module, LPCWSTR name, bool isIcon, int cx, int cy, UINT flags) {
@@ -206,6 +209,10 @@ HICON LoadPicture(HINSTANCE module, LPCWSTR name, bool isIcon, int cx, int cy, U
 }
 
 }  // namespace
+
+void ForgetPicturesOf(HINSTANCE module) {
+  std::erase_if(Shared(), [=](const auto& entry) { return std::get<0>(entry.first) == module; });
+}
 
 }  // namespace desktop
 

@@ -68,6 +68,7 @@ Module* Program() {
 }
 
 void Remove(const Module* module) {
+  ForgetPicturesOf(HandleOf(module));
   auto& modules = Modules();
   modules.erase(std::remove_if(modules.begin(), modules.end(),
                                [=](const auto& known) { return known.get() == module; }),

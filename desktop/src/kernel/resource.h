@@ -43,6 +43,9 @@ Module* ModuleFromHandle(HINSTANCE handle);
 // From the address to the end of the resource of any module that it lies in, or unknown. Lock held.
 size_t BytesInModules(const uint8_t* address, size_t unknown);
 
+// Shared icons and cursors of a module that is going are not handed out again. Lock held.
+void ForgetPicturesOf(HINSTANCE module);
+
 // Reads a .res image; stops at the first record that does not fit. Lock not needed.
 std::vector<ResourceRecord> ParseResources(const void* image, unsigned long long size);
 
