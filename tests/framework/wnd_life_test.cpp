@@ -91,6 +91,29 @@ TEST(WndLife, RefusedCreationLeavesNothing) {
   EXPECT_TRUE(window.Make()) << "and it can be tried again";
 }
 
+class CParentWnd : public CWnd {
+ public:
+  CWnd m_child;
+
+ protected:
+  afx_msg int OnCreate(LPCREATESTRUCTW) {
+    m_child.Create(AfxRegisterWndClass(0), L"", 0, CRect(0, 0, 9, 9), this, 1);
+    return -1;
+  }
+  DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CParentWnd, CWnd)
+  ON_WM_CREATE()
+END_MESSAGE_MAP()
+
+TEST(WndLife, ChildrenGoWithARefusedParent) {
+  CParentWnd parent;
+  EXPECT_FALSE(parent.CreateEx(0, AfxRegisterWndClass(0), L"", WS_POPUP, CRect(0, 0, 80, 60), nullptr, 0));
+  EXPECT_EQ(nullptr, parent.m_hWnd);
+  EXPECT_EQ(nullptr, parent.m_child.m_hWnd) << "it hears of its end as well";
+}
+
 TEST(WndLife, AnExceptionBeforeTheFirstMessageCancels) {
   CLifeWnd window;
   window.m_throwInSubclass = true;

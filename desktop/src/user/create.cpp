@@ -213,12 +213,9 @@ bool CbtRefuses(HWND handle, CREATESTRUCTW& cs) {
   return false;
 }
 
+// A window that refuses to live ends without WM_DESTROY.
 void Abandon(HWND handle) {
-  if (!IsWindow(handle)) return;
-  Send(handle, WM_NCDESTROY);
-  WorldLock lock(WorldMutex());
-  Window* window = FromHandle(handle);
-  if (window) DestroyQuietly(window);
+  if (IsWindow(handle)) Finish(handle);
 }
 
 // The conversation with the window procedure. False if it does not want to live.

@@ -50,7 +50,8 @@ void Announce(HWND handle) {
     if (IsWindow(child)) Announce(child);
 }
 
-// WM_NCDESTROY goes from children to parents, and each window ends with its own.
+}  // namespace
+
 void Finish(HWND handle) {
   for (HWND child : ChildHandles(handle))
     if (IsMine(child)) Finish(child);
@@ -60,8 +61,6 @@ void Finish(HWND handle) {
   Window* window = FromHandle(handle);
   if (window) DestroyQuietly(window);
 }
-
-}  // namespace
 
 void DestroyQuietly(Window* window) {
   while (window->firstChild) DestroyQuietly(window->firstChild);

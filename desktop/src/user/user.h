@@ -129,6 +129,8 @@ void ResetMetrics();
 
 // --- destruction. Lock not held: sends nothing.
 void DestroyQuietly(Window* window);
+// Sends WM_NCDESTROY, from children to parents; each window ends with its own. Not under the lock.
+void Finish(HWND handle);
 
 // --- parents.
 void NotifyParent(HWND window, UINT event);
