@@ -98,11 +98,15 @@ void CVornTreeOptions::Refresh() {
 void CVornTreeOptions::SetFont(CFont* pFont, int bRedraw) {
   LOGFONTW font{};
   if (!pFont || !pFont->GetSafeHandle() || !pFont->GetLogFont(&font)) return;
-  CFont copy;
-  if (!copy.CreateFontIndirect(&font)) return;
-  m_Font.DeleteObject();
-  const HGDIOBJ handle = copy.Detach();
-  if (!m_Font.Attach(handle)) ::DeleteObject(handle);
+  const HFONT copy = ::CreateFontIndirectW(&font);
+  if (!copy) return;
+  const HGDIOBJ earlier = m_Font.Detach();
+  if (!m_Font.Attach(copy)) {
+    ::DeleteObject(copy);
+    m_Font.Attach(earlier);
+    return;
+  }
+  if (earlier) ::DeleteObject(earlier);
   m_nDefaultHeight = vorn::HeightOfFont(font);
   if (bRedraw) Refresh();
 }

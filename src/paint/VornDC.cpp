@@ -164,7 +164,10 @@ CBitmap* CVornDC::GetCapturedBitmap() {
   if (!m_hDC || !m_bmpCapture.GetSafeHandle()) return nullptr;
   // A selected bitmap cannot be read.
   ::SelectObject(m_hDC, m_hCapturePrevious);
-  return CBitmap::FromHandle(CopyBitmap(m_hDC, m_bmpCapture));
+  const HBITMAP copy = CopyBitmap(m_hDC, m_bmpCapture);
+  CBitmap* const wrapper = CBitmap::FromHandle(copy);
+  if (copy && !wrapper) ::DeleteObject(copy);
+  return wrapper;
 }
 
 CBitmap* CVornDC::GetDCCapture(CDC* pDC, const tagRECT& rect, tagPOINT* pOffset) {
