@@ -174,11 +174,11 @@ using PROC = FARPROC;
 #define HIWORD(l) (static_cast<WORD>((static_cast<DWORD_PTR>(l) >> 16) & 0xffff))
 #define LOBYTE(w) (static_cast<BYTE>(static_cast<DWORD_PTR>(w) & 0xff))
 #define HIBYTE(w) (static_cast<BYTE>((static_cast<DWORD_PTR>(w) >> 8) & 0xff))
-#define MAKEWORD(a, b)                                                  \
-  (static_cast<WORD>((static_cast<BYTE>(static_cast<DWORD_PTR>(a))) |   \
+#define MAKEWORD(a, b)                                                \
+  (static_cast<WORD>((static_cast<BYTE>(static_cast<DWORD_PTR>(a))) | \
                      ((static_cast<WORD>(static_cast<BYTE>(static_cast<DWORD_PTR>(b)))) << 8)))
-#define MAKELONG(a, b)                                                  \
-  (static_cast<LONG>((static_cast<WORD>(static_cast<DWORD_PTR>(a))) |   \
+#define MAKELONG(a, b)                                                \
+  (static_cast<LONG>((static_cast<WORD>(static_cast<DWORD_PTR>(a))) | \
                      ((static_cast<DWORD>(static_cast<WORD>(static_cast<DWORD_PTR>(b)))) << 16)))
 #define MAKEWPARAM(l, h) (static_cast<WPARAM>(static_cast<DWORD>(MAKELONG(l, h))))
 #define MAKELPARAM(l, h) (static_cast<LPARAM>(static_cast<DWORD>(MAKELONG(l, h))))

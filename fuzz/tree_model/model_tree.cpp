@@ -135,6 +135,8 @@ Node* Model::Insert(const std::string& label, Node* parent, Place place, Node* b
 
 void Model::Forget(Node* node) {
   if (m_byDocuments) {
+    // A tree without items takes no news, also not of an item that fell out of it.
+    if (m_root->children.empty()) return;
     if (Manager* manager = ManagerOf(DocumentOf(node))) RemoveFrom(*manager, node);
   } else {
     RemoveFrom(m_plain, node);
