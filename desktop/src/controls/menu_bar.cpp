@@ -123,7 +123,6 @@ void ControlsForgetWindow(HWND window) {
 
 }  // namespace desktop
 
-using desktop::Menu;
 using desktop::MenuFromHandle;
 using desktop::WorldLock;
 using desktop::WorldMutex;

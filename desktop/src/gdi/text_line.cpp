@@ -107,7 +107,8 @@ void LineBreaker::ShortenPath(TextLine& line) const {
   std::wstring head = slash == std::wstring::npos ? std::wstring() : line.text.substr(0, slash);
   std::wstring shortened;
   for (;;) {
-    shortened = head + kEllipsis + tail;
+    shortened = head;
+    shortened.append(kEllipsis).append(tail);
     if (head.empty() || Width(shortened, shortened.size()) <= m_width) break;
     head.pop_back();
   }

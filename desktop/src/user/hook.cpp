@@ -58,18 +58,24 @@ bool IsHookId(int id) {
   }
 }
 
+// The place of a hook's list in its queue; the lowest id is -1.
+size_t SlotOf(int id) {
+  const int slot = id + 1;
+  return static_cast<size_t>(slot);
+}
+
 }  // namespace
 
 bool HasHook(int id) {
   WorldLock lock(WorldMutex());
-  return !MyQueue()->hooks[static_cast<size_t>(id + 1)].empty();
+  return !MyQueue()->hooks[SlotOf(id)].empty();
 }
 
 LRESULT CallHooks(int id, int code, WPARAM wParam, LPARAM lParam) {
   std::shared_ptr<Hook> hook;
   {
     WorldLock lock(WorldMutex());
-    hook = Next(MyQueue()->hooks[static_cast<size_t>(id + 1)], nullptr);
+    hook = Next(MyQueue()->hooks[SlotOf(id)], nullptr);
   }
   return hook ? CallHook(hook, code, wParam, lParam) : 0;
 }
@@ -99,7 +105,7 @@ HHOOK WINAPI SetWindowsHookExW(int id, HOOKPROC proc, HINSTANCE, DWORD thread) {
   hook->handle = reinterpret_cast<HHOOK>(g_nextHook += 2);
   hook->id = id;
   hook->proc = proc;
-  queue->hooks[static_cast<size_t>(id + 1)].push_back(hook);
+  queue->hooks[SlotOf(id)].push_back(hook);
   return hook->handle;
 }
 
@@ -126,7 +132,7 @@ LRESULT WINAPI CallNextHookEx(HHOOK, int code, WPARAM wParam, LPARAM lParam) {
     const Queue& queue = *MyQueue();
     if (queue.runningHooks.empty()) return 0;
     const Hook* current = queue.runningHooks.back();
-    const Hooks& hooks = queue.hooks[static_cast<size_t>(current->id + 1)];
+    const Hooks& hooks = queue.hooks[SlotOf(current->id)];
     const bool known =
         std::any_of(hooks.begin(), hooks.end(), [current](const auto& h) { return h.get() == current; });
     // A hook that removed itself before passing on has no place in the chain any more: start anew.
