@@ -47,15 +47,11 @@ void CVornTreeSelection::Take(CVornTreeItem* item) {
   Add(item);
 }
 
-void CVornTreeSelection::Drop(CVornTreeItem* item) {
-  if (CVornTreeItem** place = m_arrSelected.Find(item)) {
-    m_arrSelected.RemoveAt(static_cast<long>(place - m_arrSelected.Array()));
-  }
-}
+void CVornTreeSelection::Drop(CVornTreeItem* item) { m_arrSelected.Drop(item); }
 
 void CVornTreeSelection::SaveSelection() {
   m_arrSaved.RemoveAll();
-  m_arrSaved.Copy(m_arrSelected);
+  m_arrSaved.Copy(m_arrSelected.Settled());
 }
 
 int CVornTreeSelection::OnItemAdded(CVornTreeItem* item) {
@@ -80,7 +76,7 @@ int CVornTreeSelection::GetCurrentSelection(CVornTreeItemArray& items) {
     items.RemoveAll();
     return 0;
   }
-  static_cast<TVornArray<CVornTreeItem*>&>(items) = m_arrSelected;
+  static_cast<TVornArray<CVornTreeItem*>&>(items) = m_arrSelected.Settled();
   return 1;
 }
 

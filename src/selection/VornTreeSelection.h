@@ -12,6 +12,7 @@
 #include "../core/VornItemArrays.h"
 #include "../tree/VornTreeTypes.h"
 #include "ManagerWatch.h"
+#include "SelectedItems.h"
 
 class CVornTreeCtrl;
 
@@ -94,10 +95,10 @@ class VORNCOMCTL_API CVornTreeSelection : public CObject {
   CVornTreeItem* m_pFocus = nullptr;
   BOOL m_bShift = FALSE;
   BOOL m_bCtrl = FALSE;
-  BOOL m_bPendingUp = FALSE;             // a press on a selected item waits for the release
-  BOOL m_bInClear = FALSE;               // ClearSelection does not ask OnClearSelection
-  CVornTreeItemUserArray m_arrSelected;  // by address
-  CVornTreeItemArray m_arrSaved;         // for ranges with Ctrl and Shift
+  BOOL m_bPendingUp = FALSE;      // a press on a selected item waits for the release
+  BOOL m_bInClear = FALSE;        // ClearSelection does not ask OnClearSelection
+  SelectedItems m_arrSelected;    // by address
+  CVornTreeItemArray m_arrSaved;  // for ranges with Ctrl and Shift
   BOOL m_bForceShift = FALSE;
   BOOL m_bForceCtrl = FALSE;
 };
