@@ -152,6 +152,7 @@ class Model {
   int PlainSelect(Manager& manager, Node* node, int keepOthers);
   void PlainUnselect(Manager& manager, Node* node, int shortcutsToo);
   void DocumentGone(Node* node);
+  void ForgetDead();
 
   Oracle m_oracle;
   std::vector<std::unique_ptr<Node>> m_nodes;

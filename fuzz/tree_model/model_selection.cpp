@@ -92,6 +92,24 @@ void Model::SetByDocuments(bool on) {
   }
 }
 
+// No manager keeps what is gone.
+void Model::ForgetDead() {
+  const auto isDead = [](const Node* node) { return !IsAlive(node); };
+  const auto forget = [&](Manager& manager) {
+    if (isDead(manager.focus)) manager.focus = nullptr;
+    if (isDead(manager.last)) manager.last = nullptr;
+    std::erase_if(manager.selected, isDead);
+    std::erase_if(manager.saved, isDead);
+  };
+  forget(m_plain);
+  if (isDead(m_activeDocument)) {
+    m_activeDocument = nullptr;
+    m_activeManager = nullptr;
+  }
+  std::erase_if(m_documents, [&](const Document& each) { return isDead(each.node); });
+  for (Document& each : m_documents) forget(*each.manager);
+}
+
 // --- What a manager does ---------------------------------------------------------------------------
 
 bool Model::RemoveFrom(Manager& manager, Node* node) {

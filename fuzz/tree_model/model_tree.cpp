@@ -150,6 +150,7 @@ void Model::Delete(Node* node) {
   if (isDocument) DocumentGone(node);
   Ask("OnDeleteItem", node);
   Kill(node);
+  ForgetDead();
 }
 
 void Model::DeleteAll(Node* parent) {
@@ -159,6 +160,7 @@ void Model::DeleteAll(Node* parent) {
     Forget(child);
     Kill(child);
   }
+  ForgetDead();
 }
 
 int Model::Move(Node* parent, Node* node, Place place, Node* behind) {

@@ -6,6 +6,7 @@
 
 #include "VornComCtl.h"
 #include "model.h"
+#include "tree/model/TreeCheck.h"
 #include "tree/model/VornTreeItem.h"
 
 namespace fuzz {
@@ -388,6 +389,8 @@ std::string World::Compare() {
 
 std::string World::Do(const Step& step) {
   Act(step);
+  char wrong[256];
+  if (!vorn::IsTreeSound(m_tree, false, wrong, sizeof(wrong))) return wrong;
   return Compare();
 }
 

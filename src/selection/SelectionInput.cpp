@@ -4,6 +4,7 @@
 #include "../core/VornFunctions.h"
 #include "../options/VornTreeOptions.h"
 #include "../tree/VornTreeCtrl.h"
+#include "../tree/model/TreeCheck.h"
 #include "../tree/model/VornTreeItem.h"
 #include "ManagerWatch.h"
 #include "VornTreeSelection.h"
@@ -32,14 +33,18 @@ void CVornTreeSelection::StopEditTimer() {
 // --- Left button -----------------------------------------------------------------------------------
 
 int CVornTreeSelection::OnLButtonDown(CVornTreeItem* item) {
-  if (!IsItemValid(item)) return 0;
+  const vorn::OperationCheck check(m_pTree);
+  if (!IsOwn(item)) return 0;
   ReadModifiers();
+  ManagerWatch alive(this);
+  const bool allowed = m_pTree->CanSelectItem(item) != 0;
+  if (!alive || !IsItemValid(item)) return 0;
   if (m_bShift && GetLastSelectedItem() != nullptr) return ClickRange(item);
-  if (!item->IsSelected()) return m_bCtrl ? ClickAdd(item) : ClickOnly(item);
+  if (!item->IsSelected()) return m_bCtrl ? ClickAdd(item, allowed) : ClickOnly(item, allowed);
   // On a selected item the release decides.
   if (!m_bCtrl && !VornIsApplicationActive(AfxGetMainWnd())) return 0;
   m_bPendingUp = TRUE;
-  m_pFocus = item;
+  SetFocusItem(item);
   return 0;
 }
 
@@ -51,7 +56,7 @@ int CVornTreeSelection::ClickRange(CVornTreeItem* item) {
   const bool agreed = m_pTree->OnMultiSelChanging(old, item) != 0;
   if (!alive) return 0;
   if (!agreed) {
-    m_pFocus = item;
+    SetFocusItem(item);
     return 0;
   }
   ClearSelection(item, 0);
@@ -62,54 +67,55 @@ int CVornTreeSelection::ClickRange(CVornTreeItem* item) {
   m_pTree->OnMultiSelChanged(old, item);
   if (!alive) return 0;
   SetRangeMode(0);
-  m_pFocus = item;
+  SetFocusItem(item);
   return 1;
 }
 
-int CVornTreeSelection::ClickAdd(CVornTreeItem* item) {
+int CVornTreeSelection::ClickAdd(CVornTreeItem* item, bool allowed) {
   ManagerWatch alive(this);
   CVornTreeItem* const old = GetLastSelectedItem();
-  const bool agreed = m_pTree->CanSelectItem(item) && alive && m_pTree->OnSelChanging(old, item);
+  const bool agreed = allowed && m_pTree->OnSelChanging(old, item);
   if (!alive) return 0;
   if (!agreed || !IsItemValid(item)) {
-    m_pFocus = item;
+    SetFocusItem(item);
     m_arrSaved.Remove(item);
     return 0;
   }
   Take(item);
   m_pTree->OnSelChanged(old, item);
   if (!alive) return 0;
-  m_pLastSelected = item;
+  SetAnchor(item);
   SaveSelection();
-  m_pFocus = item;
+  SetFocusItem(item);
   return 1;
 }
 
-int CVornTreeSelection::ClickOnly(CVornTreeItem* item) {
+int CVornTreeSelection::ClickOnly(CVornTreeItem* item, bool allowed) {
   ManagerWatch alive(this);
   CVornTreeItem* const old = GetLastSelectedItem();
-  const bool allowed = m_pTree->CanSelectItem(item) != 0;
   // Before any hook that may veto: a veto leaves an empty selection, meant.
-  if (alive) ClearSelection(item, 0);
+  ClearSelection(item, 0);
   if (!alive) return 0;
   const bool agreed = m_pTree->OnSelChanging(old, item) != 0;
   if (!alive) return 0;
   StopEditTimer();
   if (!agreed) {
-    m_pFocus = item;
+    SetFocusItem(item);
     return 0;
   }
   if (allowed && IsItemValid(item)) Take(item);
   m_pTree->OnSelChanged(old, item);
   if (!alive) return 0;
-  m_pLastSelected = m_pFocus = item;
+  SetAnchor(item);
+  SetFocusItem(item);
   return 1;
 }
 
 int CVornTreeSelection::OnLButtonUp(CVornTreeItem* item) {
+  const vorn::OperationCheck check(m_pTree);
   if (!m_bPendingUp || item == nullptr) return 0;
   m_bPendingUp = FALSE;
-  if (!IsItemValid(item)) return 0;
+  if (!IsOwn(item)) return 0;
   ReadModifiers();
   return m_bCtrl ? ReleaseToggle(item) : ReleaseOnly(item);
 }
@@ -126,7 +132,7 @@ int CVornTreeSelection::ReleaseToggle(CVornTreeItem* item) {
     if (!alive) return 0;
     if (m_pLastSelected == item) m_pLastSelected = nullptr;
   }
-  m_pFocus = item;
+  SetFocusItem(item);
   return agreed ? 1 : 0;
 }
 
@@ -152,22 +158,23 @@ int CVornTreeSelection::ReleaseOnly(CVornTreeItem* item) {
     }
   }
   if (!alive) return 0;
-  m_pLastSelected = item;
+  SetAnchor(item);
   if (::IsWindow(m_pTree->m_hWnd)) ::InvalidateRect(m_pTree->m_hWnd, nullptr, TRUE);
-  m_pFocus = item;
+  SetFocusItem(item);
   return 1;
 }
 
 // --- Right button ----------------------------------------------------------------------------------
 
 int CVornTreeSelection::OnRButtonDown(CVornTreeItem* item) {
-  if (!IsItemValid(item)) return 0;
+  const vorn::OperationCheck check(m_pTree);
+  if (!IsOwn(item)) return 0;
   ManagerWatch alive(this);
   CVornTreeItem* const old = GetLastSelectedItem();
   StopEditTimer();
   const bool agreed = m_pTree->OnSelChanging(old, item) != 0;
   if (!alive) return 0;
-  m_pFocus = item;
+  SetFocusItem(item);
   if (!agreed) return 0;
   if (IsItemValid(item) && !item->IsSelected()) {
     ClearSelection(item, 0);
@@ -177,7 +184,7 @@ int CVornTreeSelection::OnRButtonDown(CVornTreeItem* item) {
   if (IsItemValid(item)) Add(item);  // in every case, also when it was denied, meant
   m_pTree->OnSelChanged(old, item);
   if (!alive) return 0;
-  m_pLastSelected = item;
+  SetAnchor(item);
   return 1;
 }
 
@@ -186,12 +193,13 @@ int CVornTreeSelection::OnRButtonUp(CVornTreeItem*) { return 1; }
 // --- Keys ------------------------------------------------------------------------------------------
 
 int CVornTreeSelection::OnKeyDown(CVornTreeItem* item, unsigned int) {
+  const vorn::OperationCheck check(m_pTree);
   ReadModifiers();
-  if (!IsItemValid(item)) return 0;
+  if (!IsOwn(item)) return 0;
   ManagerWatch alive(this);
   if (!(m_bShift ? KeyRange(item) : KeyOnly(item))) return 0;
   if (alive) m_pTree->EnsureVisible(item);
-  if (alive) m_pFocus = item;
+  if (alive) SetFocusItem(item);
   return 1;
 }
 
@@ -203,7 +211,7 @@ int CVornTreeSelection::KeyRange(CVornTreeItem* item) {
   const bool agreed = m_pTree->OnMultiSelChanging(old, item) != 0;
   if (!alive) return 0;
   if (!agreed) {
-    m_pFocus = item;
+    SetFocusItem(item);
     return 0;
   }
   SetRangeMode(1);
@@ -223,7 +231,7 @@ int CVornTreeSelection::KeyOnly(CVornTreeItem* item) {
   const bool agreed = m_pTree->OnSelChanging(old, item) != 0;
   if (!alive) return 0;
   if (!agreed) {
-    m_pFocus = item;
+    SetFocusItem(item);
     return 0;
   }
   ClearSelection(item, 0);
@@ -231,7 +239,7 @@ int CVornTreeSelection::KeyOnly(CVornTreeItem* item) {
   if (allowed && IsItemValid(item)) Take(item);
   m_pTree->OnSelChanged(old, item);
   if (!alive) return 0;
-  m_pLastSelected = item;
+  SetAnchor(item);
   return 1;
 }
 

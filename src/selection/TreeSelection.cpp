@@ -1,11 +1,13 @@
 // CVornTreeCtrl: the control's side of the selection.
 #include "../tree/VornTreeCtrl.h"
 #include "../tree/layout/VornTreeOperations.h"
+#include "../tree/model/TreeCheck.h"
 #include "VornTreeMultiSelection.h"
 
 // --- Selecting -------------------------------------------------------------------------------------
 
 int CVornTreeCtrl::Select(CVornTreeItem* item, unsigned int code) {
+  const vorn::OperationCheck check(this);
   switch (code) {
     case STSEL_FIRSTVISIBLE: SetFirstVisible(item); return 1;
     case STSEL_DROPHILITE: return 0;  // without a drag there is no drop target to set
@@ -27,6 +29,7 @@ int CVornTreeCtrl::Select(CVornTreeItem* item, unsigned int code) {
 }
 
 int CVornTreeCtrl::SelectItem(CVornTreeItem* item, int keepOthers) {
+  const vorn::OperationCheck check(this);
   CVornTreeItem* const active = GetActiveDocItem();
   CVornTreeItem* const document = CVornTreeOperations(this).GetDocumentOf(item);
   if (IsItemValid(active) && document != nullptr && document != active && !GetItemVisibility(document)) {
@@ -43,25 +46,48 @@ int CVornTreeCtrl::SelectItem(CVornTreeItem* item, int keepOthers) {
 }
 
 int CVornTreeCtrl::UnselectItem(CVornTreeItem* item) {
+  const vorn::OperationCheck check(this);
   if (m_pSelection != nullptr) m_pSelection->UnselectItem(item, 0);
   return 0;  // always, meant
 }
 
 void CVornTreeCtrl::ClearSelection(CVornTreeItem* item) {
+  const vorn::OperationCheck check(this);
   if (m_pSelection == nullptr) return;
   item = ResolveRoot(item);
   m_pSelection->ClearSelection(IsItemValid(item) ? item : nullptr, 1);
 }
 
 void CVornTreeCtrl::UpdateSelection(CVornTreeItem* item, unsigned int flags) {
+  const vorn::OperationCheck check(this);
   if (m_pSelection != nullptr) m_pSelection->UpdateSelection(flags, item);
 }
 
 int CVornTreeCtrl::SelectSetFirstVisible(CVornTreeItem* item) {
+  const vorn::OperationCheck check(this);
   if (!IsOwnItem(item)) return 0;
   if (m_pSelection != nullptr) m_pSelection->SelectItem(item, 0);
   SetFirstVisible(item);
   return 1;
+}
+
+// Looking through all that the managers hold costs time: with much held it is done once in a while, but
+// always before the memory of a dead item can be used again. Until then a dead item is known as such.
+void CVornTreeCtrl::ForgetDeadItems() {
+  if (m_pSelection == nullptr || m_nDeaths == 0) return;
+  constexpr size_t kHeldPerDeath = 64;
+  constexpr size_t kMostDeaths = vorn::ItemPool::kQuarantine / 2;
+  auto* const byDocuments = DYNAMIC_DOWNCAST(CVornTreeMultiSelection, m_pSelection);
+  if (m_nDeaths < kMostDeaths) {
+    const long few = static_cast<long>(m_nDeaths * kHeldPerDeath);
+    if (byDocuments != nullptr ? byDocuments->HoldsMoreInAll(few) : m_pSelection->HoldsMore(few)) return;
+  }
+  m_nDeaths = 0;
+  if (byDocuments != nullptr) {
+    byDocuments->ForgetDeadInAll();
+  } else {
+    m_pSelection->ForgetDead();
+  }
 }
 
 // --- Asking ----------------------------------------------------------------------------------------
@@ -83,6 +109,7 @@ int CVornTreeCtrl::GetCurrentSelection(CVornTreeItemArray& items) {
 // --- The type of selection -------------------------------------------------------------------------
 
 unsigned int CVornTreeCtrl::ModifySelectionType(unsigned int remove, unsigned int add) {
+  const vorn::OperationCheck check(this);
   const unsigned int before = m_nSelectionType;
   CVornTreeItem* const focus = GetItemHasFocus();
   m_nSelectionType = (m_nSelectionType & ~remove) | add;

@@ -56,6 +56,21 @@ void CVornSelectionArray::RemoveDocument(CVornTreeItem* document) {
   delete record->pManager;
 }
 
+void CVornSelectionArray::RemoveDeadDocuments() {
+  tagAssocSelItem** const list = Array();
+  const long count = GetSize();
+  long kept = 0;
+  for (long i = 0; i < count; ++i) {
+    if (IsItemValid(list[i]->pDocument)) {
+      list[kept++] = list[i];
+    } else {
+      delete list[i]->pManager;
+      delete list[i];
+    }
+  }
+  Remove(kept, count - kept);
+}
+
 void CVornSelectionArray::RemoveAllDocuments() {
   for (long i = 0; i < GetSize(); ++i) {
     delete (*this)[i]->pManager;

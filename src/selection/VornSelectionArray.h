@@ -27,5 +27,6 @@ class VORNCOMCTL_API CVornSelectionArray : public TVornSortedArray_byValue<tagAs
   CVornTreeSelection* FindOrCreateManager(CVornTreeCtrl* tree, CVornTreeItem* document);
   bool HasManager(const CVornTreeSelection* manager) const;
   void RemoveDocument(CVornTreeItem* document);
+  void RemoveDeadDocuments();
   void RemoveAllDocuments();
 };

@@ -1,3 +1,4 @@
+#include "../tree/model/TreeCheck.h"
 #include "VornTreeMultiSelection.h"
 
 #include "../tree/VornTreeCtrl.h"
@@ -13,7 +14,24 @@ CVornTreeMultiSelection::CVornTreeMultiSelection(CVornTreeCtrl* tree) : CVornTre
 CVornTreeMultiSelection::~CVornTreeMultiSelection() { m_arrDocuments.RemoveAllDocuments(); }
 
 CVornTreeItem* CVornTreeMultiSelection::DocumentOf(CVornTreeItem* item) const {
-  return CVornTreeOperations(m_pTree).GetDocumentOf(item);
+  return IsOwn(item) ? CVornTreeOperations(m_pTree).GetDocumentOf(item) : nullptr;
+}
+
+void CVornTreeMultiSelection::ForgetDeadInAll() {
+  if (!IsItemValid(m_pActiveDoc)) {
+    m_pActiveDoc = nullptr;
+    m_pActiveManager = nullptr;
+  }
+  m_arrDocuments.RemoveDeadDocuments();
+  for (long i = 0; i < m_arrDocuments.GetSize(); ++i) m_arrDocuments[i]->pManager->ForgetDead();
+}
+
+bool CVornTreeMultiSelection::HoldsMoreInAll(long than) const {
+  than -= m_arrDocuments.GetSize();
+  for (long i = 0; than >= 0 && i < m_arrDocuments.GetSize(); ++i) {
+    than -= m_arrDocuments[i]->pManager->GetHeldCount();
+  }
+  return than < 0;
 }
 
 // --- The active document ---------------------------------------------------------------------------
@@ -27,6 +45,7 @@ void CVornTreeMultiSelection::ReleaseOldDocument() {
 }
 
 int CVornTreeMultiSelection::ActivateDocument(CVornTreeItem*& item) {
+  const vorn::OperationCheck check(m_pTree);
   ManagerWatch alive(this);
   m_bDocChanged = FALSE;
   ReadModifiers();
@@ -81,14 +100,17 @@ int CVornTreeMultiSelection::Route(CVornTreeItem* item, Pass pass) {
 }
 
 int CVornTreeMultiSelection::OnLButtonDown(CVornTreeItem* item) {
+  const vorn::OperationCheck check(m_pTree);
   return Route(item, [item](CVornTreeSelection& manager) { return manager.OnLButtonDown(item); });
 }
 
 int CVornTreeMultiSelection::OnLButtonUp(CVornTreeItem* item) {
+  const vorn::OperationCheck check(m_pTree);
   return Route(item, [item](CVornTreeSelection& manager) { return manager.OnLButtonUp(item); });
 }
 
 int CVornTreeMultiSelection::OnRButtonDown(CVornTreeItem* item) {
+  const vorn::OperationCheck check(m_pTree);
   return Route(item, [item](CVornTreeSelection& manager) { return manager.OnRButtonDown(item); });
 }
 
@@ -101,6 +123,7 @@ int CVornTreeMultiSelection::OnKeyUp(CVornTreeItem* item, unsigned int key) {
 }
 
 int CVornTreeMultiSelection::OnKeyDown(CVornTreeItem* item, unsigned int key) {
+  const vorn::OperationCheck check(m_pTree);
   if (item == nullptr) return 0;
   ManagerWatch alive(this);
   CVornTreeSelection* const earlier = m_pActiveManager;
@@ -120,6 +143,7 @@ int CVornTreeMultiSelection::OnKeyDown(CVornTreeItem* item, unsigned int key) {
 // --- The host's wishes -----------------------------------------------------------------------------
 
 int CVornTreeMultiSelection::OnItemAdded(CVornTreeItem* item) {
+  const vorn::OperationCheck check(m_pTree);
   if (item == nullptr) return 0;
   ManagerWatch alive(this);
   ActivateDocument(item);
@@ -127,18 +151,21 @@ int CVornTreeMultiSelection::OnItemAdded(CVornTreeItem* item) {
 }
 
 int CVornTreeMultiSelection::SelectItem(CVornTreeItem* item, int keepOthers) {
+  const vorn::OperationCheck check(m_pTree);
   ManagerWatch alive(this);
   ActivateDocument(item);
   return alive && m_pActiveManager != nullptr ? m_pActiveManager->SelectItem(item, keepOthers) : 0;
 }
 
 int CVornTreeMultiSelection::UnselectItem(CVornTreeItem* item, int shortcutsToo) {
+  const vorn::OperationCheck check(m_pTree);
   ManagerWatch alive(this);
   ActivateDocument(item);
   return alive && m_pActiveManager != nullptr ? m_pActiveManager->UnselectItem(item, shortcutsToo) : 0;
 }
 
 int CVornTreeMultiSelection::OnItemRemoved(CVornTreeItem* item) {
+  const vorn::OperationCheck check(m_pTree);
   if (!IsItemValid(item)) return 0;
   ManagerWatch alive(this);
   const bool isDocument = item->IsTopLevelItem() != 0;
@@ -154,6 +181,7 @@ int CVornTreeMultiSelection::OnItemRemoved(CVornTreeItem* item) {
 }
 
 void CVornTreeMultiSelection::ClearSelection(CVornTreeItem* item, int resetLast) {
+  const vorn::OperationCheck check(m_pTree);
   ManagerWatch alive(this);
   ActivateDocument(item);
   if (alive) ClearAcrossDocuments(m_pActiveManager, item, resetLast);
@@ -161,6 +189,7 @@ void CVornTreeMultiSelection::ClearSelection(CVornTreeItem* item, int resetLast)
 
 void CVornTreeMultiSelection::ClearAcrossDocuments(CVornTreeSelection* manager, CVornTreeItem* item,
                                                    int resetLast) {
+  const vorn::OperationCheck check(m_pTree);
   if (!m_pTree->HasSelectionType(STST_CLEARALLDOCS)) {
     if (manager != nullptr) manager->ClearSelection(item, resetLast);
     return;
@@ -192,6 +221,7 @@ void CVornTreeMultiSelection::Rebuild(CVornTreeItem* item) {
 }
 
 void CVornTreeMultiSelection::UpdateSelection(unsigned int flags, CVornTreeItem* item) {
+  const vorn::OperationCheck check(m_pTree);
   if (m_pTree->m_pRoot == nullptr || m_pTree->m_pRoot->m_pFirstChild == nullptr) return;
   if (flags & (STUS_CTRLON | STUS_CTRLOFF)) SetForceCtrl((flags & STUS_CTRLON) != 0);
   if (flags & (STUS_SHIFTON | STUS_SHIFTOFF)) SetForceShift((flags & STUS_SHIFTON) != 0);

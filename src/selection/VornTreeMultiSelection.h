@@ -43,7 +43,13 @@ class VORNCOMCTL_API CVornTreeMultiSelection : public CVornTreeSelection {
   CVornTreeItem* GetActiveDocument() const { return m_pActiveDoc; }
   CVornTreeSelection* GetActiveManager() const { return m_pActiveManager; }
 
+  // As ForgetDead and HoldsMore, for all documents; a document that is gone takes its manager with it.
+  void ForgetDeadInAll();
+  bool HoldsMoreInAll(long than) const;
+
  private:
+  friend class vorn::TreeWalker;
+
   template <class Pass>
   int Route(CVornTreeItem* item, Pass pass);
   CVornTreeItem* DocumentOf(CVornTreeItem* item) const;

@@ -1,5 +1,6 @@
 // The selection manager: what it holds, ranges, clearing, and the host's wishes. Input is in
 // SelectionInput.cpp.
+#include "../tree/model/TreeCheck.h"
 #include "VornTreeSelection.h"
 
 #include "../tree/VornTreeCtrl.h"
@@ -38,6 +39,14 @@ CVornTreeSelection::~CVornTreeSelection() { ManagerWatch::Forget(this); }
 
 // --- The index -------------------------------------------------------------------------------------
 
+bool CVornTreeSelection::IsOwn(const CVornTreeItem* item) const { return m_pTree->IsOwnItem(item); }
+
+void CVornTreeSelection::SetFocusItem(CVornTreeItem* item) { m_pFocus = IsItemValid(item) ? item : nullptr; }
+
+void CVornTreeSelection::SetAnchor(CVornTreeItem* item) {
+  m_pLastSelected = IsItemValid(item) ? item : nullptr;
+}
+
 bool CVornTreeSelection::Contains(CVornTreeItem* item) { return m_arrSelected.Find(item) != nullptr; }
 
 void CVornTreeSelection::Add(CVornTreeItem* item) { m_arrSelected.Add(item, nullptr); }
@@ -55,13 +64,15 @@ void CVornTreeSelection::SaveSelection() {
 }
 
 int CVornTreeSelection::OnItemAdded(CVornTreeItem* item) {
-  if (IsItemValid(item) && item->IsSelected()) Add(item);
+  const vorn::OperationCheck check(m_pTree);
+  if (IsOwn(item) && item->IsSelected()) Add(item);
   return 1;
 }
 
 int CVornTreeSelection::OnItemRemoved(CVornTreeItem* item) {
+  const vorn::OperationCheck check(m_pTree);
   int removed = 0;
-  if (IsItemValid(item) && item->IsSelected()) {
+  if (IsOwn(item) && item->IsSelected()) {
     Drop(item);
     item->SetSelected(false);
     removed = 1;
@@ -90,17 +101,43 @@ CVornTreeItem* CVornTreeSelection::GetLastSelectedItem() {
   return m_pLastSelected;
 }
 
+// --- Items that are gone ---------------------------------------------------------------------------
+
+namespace {
+
+void DropDead(TVornArray<CVornTreeItem*>& items) {
+  CVornTreeItem** const list = items.Array();
+  const long count = items.GetSize();
+  long kept = 0;
+  for (long i = 0; i < count; ++i) {
+    if (IsItemValid(list[i])) list[kept++] = list[i];
+  }
+  items.Remove(kept, count - kept);
+}
+
+}  // namespace
+
+void CVornTreeSelection::ForgetDead() {
+  GetItemHasFocus();
+  GetLastSelectedItem();
+  m_arrSelected.Settle();
+  DropDead(m_arrSelected);
+  DropDead(m_arrSaved);
+}
+
 // --- The host's wishes -----------------------------------------------------------------------------
 
 int CVornTreeSelection::SelectItem(CVornTreeItem* item, int keepOthers) {
-  if (!IsItemValid(item)) return 0;
+  const vorn::OperationCheck check(m_pTree);
+  if (!IsOwn(item)) return 0;
   CVornTreeItem* const old = GetLastSelectedItem();
   ManagerWatch alive(this);
   const bool agreed =
       !item->IsSelected() && m_pTree->CanSelectItem(item) && alive && m_pTree->OnSelChanging(old, item);
   if (!alive || !IsItemValid(item)) return 0;
   if (!agreed) {
-    m_pFocus = m_pLastSelected = item;  // all the same
+    SetFocusItem(item);  // all the same
+    SetAnchor(item);
     return 0;
   }
   ReadModifiers();
@@ -109,12 +146,14 @@ int CVornTreeSelection::SelectItem(CVornTreeItem* item, int keepOthers) {
   Take(item);
   m_pTree->OnSelChanged(old, item);
   if (!alive) return 0;
-  m_pFocus = m_pLastSelected = item;
+  SetFocusItem(item);
+  SetAnchor(item);
   return 1;
 }
 
 int CVornTreeSelection::UnselectItem(CVornTreeItem* item, int shortcutsToo) {
-  if (!IsItemValid(item)) return 0;
+  const vorn::OperationCheck check(m_pTree);
+  if (!IsOwn(item)) return 0;
   ManagerWatch alive(this);
   OnItemRemoved(item);
   m_pTree->OnSelChanged(item, nullptr);
@@ -127,6 +166,7 @@ int CVornTreeSelection::UnselectItem(CVornTreeItem* item, int shortcutsToo) {
 }
 
 void CVornTreeSelection::UpdateSelection(unsigned int flags, CVornTreeItem* item) {
+  const vorn::OperationCheck check(m_pTree);
   if (flags & STUS_REBUILD) {
     CVornTreeOperations::Walk(m_pTree->m_pRoot, [this](CVornTreeItem* below) {
       UpdateSelection(STUS_ITEMADDED, below);
@@ -146,6 +186,7 @@ void CVornTreeSelection::UpdateSelection(unsigned int flags, CVornTreeItem* item
 // --- Clearing and ranges ---------------------------------------------------------------------------
 
 void CVornTreeSelection::ClearSelection(CVornTreeItem* item, int resetLast) {
+  const vorn::OperationCheck check(m_pTree);
   ManagerWatch alive(this);
   if (!m_bInClear && !m_pTree->OnClearSelection(item)) return;
   if (!alive || m_arrSelected.GetSize() == 0) return;
@@ -157,6 +198,7 @@ void CVornTreeSelection::ClearSelection(CVornTreeItem* item, int resetLast) {
 }
 
 void CVornTreeSelection::RestoreSelection() {
+  const vorn::OperationCheck check(m_pTree);
   ManagerWatch alive(this);
   ClearSelection(nullptr, 0);
   if (!alive) return;
@@ -168,6 +210,7 @@ void CVornTreeSelection::RestoreSelection() {
 void CVornTreeSelection::SetRangeMode(int) {}
 
 void CVornTreeSelection::SelectRange(CVornTreeItem* from, CVornTreeItem* to) {
+  const vorn::OperationCheck check(m_pTree);
   ManagerWatch alive(this);
   CVornTreeItem* row = GetFirstInOrder(from, to);
   if (row == nullptr) {
@@ -227,7 +270,7 @@ CVornTreeItem* CVornTreeSelection::GetFirstInOrder(CVornTreeItem* a, CVornTreeIt
 
 int CVornTreeSelection::GetDraggableItems(CVornTreeItem* item, CVornTreeItemArray& items) {
   if (item == STI_ROOT) item = m_pTree->m_pRoot;
-  if (!IsItemValid(item)) return 0;
+  if (!IsOwn(item)) return 0;
   CVornTreeItem* at = item;
   while (true) {
     const bool draggable = m_pTree->IsAllow(at, STIS_NODRAG) && IsItemValid(at) && at->IsSelected();
@@ -237,8 +280,9 @@ int CVornTreeSelection::GetDraggableItems(CVornTreeItem* item, CVornTreeItemArra
       at = at->m_pFirstChild;  // hidden or not, meant
       continue;
     }
-    while (at != item && at->GetNextVisibleSibling() == nullptr) at = at->m_pParent;
-    if (at == item) return 1;
+    // Asking for permission may have moved at elsewhere: then there is no way back to item.
+    while (at != nullptr && at != item && at->GetNextVisibleSibling() == nullptr) at = at->m_pParent;
+    if (at == nullptr || at == item) return 1;
     at = at->GetNextVisibleSibling();
   }
 }

@@ -16,6 +16,10 @@
 
 class CVornTreeCtrl;
 
+namespace vorn {
+class TreeWalker;
+}
+
 class VORNCOMCTL_API CVornTreeSelection : public CObject {
   DECLARE_DYNAMIC(CVornTreeSelection)
 
@@ -71,9 +75,23 @@ class VORNCOMCTL_API CVornTreeSelection : public CObject {
   // for the same item, for an invalid one, and for items of different trees.
   static CVornTreeItem* GetFirstInOrder(CVornTreeItem* a, CVornTreeItem* b);
 
+  // Lets go of items that are gone. Without this the memory of one could come to be that of another item,
+  // which would then seem to be selected.
+  void ForgetDead();
+  // How many items ForgetDead looks at, about, and whether there are more than so many.
+  long GetHeldCount() const {
+    return m_arrSelected.CVornTreeItemUserArray::GetSize() + m_arrSaved.GetSize();  // leaves gathered ones
+  }
+  bool HoldsMore(long than) const { return GetHeldCount() > than; }
+
  protected:
   friend class CVornTreeMultiSelection;
+  friend class vorn::TreeWalker;
 
+  bool IsOwn(const CVornTreeItem* item) const;
+  // Null for an item that a hook has deleted.
+  void SetFocusItem(CVornTreeItem* item);
+  void SetAnchor(CVornTreeItem* item);
   bool Contains(CVornTreeItem* item);
   void Add(CVornTreeItem* item);
   // Sets the flag and stores the item, if it is still there.
@@ -82,8 +100,8 @@ class VORNCOMCTL_API CVornTreeSelection : public CObject {
   void SaveSelection();
   void StopEditTimer();
   int ClickRange(CVornTreeItem* item);
-  int ClickAdd(CVornTreeItem* item);
-  int ClickOnly(CVornTreeItem* item);
+  int ClickAdd(CVornTreeItem* item, bool allowed);
+  int ClickOnly(CVornTreeItem* item, bool allowed);
   int ReleaseToggle(CVornTreeItem* item);
   int ReleaseOnly(CVornTreeItem* item);
   int KeyRange(CVornTreeItem* item);

@@ -33,7 +33,8 @@ class CVornTreeToolTip;
 
 namespace vorn {
 struct RowShape;
-}
+class TreeWalker;
+}  // namespace vorn
 
 class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   DECLARE_DYNAMIC(CVornTreeCtrl)
@@ -442,7 +443,7 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   friend class CVornTreeOptions;
   friend class CVornTreeSelection;
   friend class CVornTreeMultiSelection;
-  friend struct VornTreeAccess;  // tests and fuzzers look inside through this
+  friend class vorn::TreeWalker;
 
   enum DefaultColorEntry { kDefaultBk, kDefaultText, kDefaultHighlight, kDefaultTextHighlight };
   static COLORREF DefaultColor(DefaultColorEntry entry);
@@ -464,6 +465,7 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   void ApplyState(CVornTreeItem* item, const STITEM& record);
   bool IsOnScreen(CVornTreeItem* prev, CVornTreeItem* next);
   void ForgetSubtree(CVornTreeItem* item);
+  void ForgetDeadItems();
   int EmptyTree();
   CVornTreeItem* DropHighlight() const;
   void ApplyExpansion(CVornTreeItem* item, unsigned int action, unsigned int flags);
@@ -538,4 +540,5 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   ItemSpacing m_nItemSpacing = SpacingNormal;
   BOOL m_bHScrollVisible = FALSE;
   BOOL m_bVScrollVisible = FALSE;
+  size_t m_nDeaths = 0;  // items destroyed since the selection let go of dead ones
 };

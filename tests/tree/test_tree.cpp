@@ -119,7 +119,8 @@ std::string TestTree::Name(CVornTreeItem* item) {
 // --- Hooks -----------------------------------------------------------------------------------------
 
 int TestTree::Answered(const std::string& hook, CVornTreeItem* first, CVornTreeItem* second) {
-  return answer ? answer(hook, first, second) : 1;
+  const Answer current = answer;  // which may replace itself
+  return current ? current(hook, first, second) : 1;
 }
 
 int TestTree::Told(const std::string& hook, CVornTreeItem* first) {

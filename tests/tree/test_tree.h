@@ -89,7 +89,8 @@ class TestTree : public CVornTreeCtrl {
   int Answered(const std::string& hook, CVornTreeItem* first, CVornTreeItem* second);
 };
 
-// The first thing that is wrong with a tree's links, levels and descendant counts, or an empty text.
+// The first thing that is wrong with a tree's links, levels and descendant counts or with what its selection
+// managers hold, or an empty text.
 // exactRows: also the counts of rows, which some operations are meant to leave inexact.
 std::string CheckTree(CVornTreeCtrl& tree, bool exactRows = true);
 

@@ -1,8 +1,10 @@
 // CVornTreeCtrl: opening and folding.
 #include "../VornTreeCtrl.h"
+#include "../model/TreeCheck.h"
 #include "VornTreeOperations.h"
 
 int CVornTreeCtrl::Expand(CVornTreeItem* item, unsigned int code) {
+  const vorn::OperationCheck check(this);
   unsigned int action = code & STE_ACTIONMASK;
   unsigned int flags = code & STE_FLAGMASK;
   item = ResolveRoot(item);

@@ -2,6 +2,7 @@
 // horizontal one is in pixels.
 #include "../../selection/VornTreeSelection.h"
 #include "../VornTreeCtrl.h"
+#include "../model/TreeCheck.h"
 #include "VornTreeOperations.h"
 
 namespace {
@@ -132,6 +133,7 @@ void CVornTreeCtrl::ScrollToLevel(CVornTreeItem* item, int redraw) {
 }
 
 int CVornTreeCtrl::EnsureVisible(CVornTreeItem* item) {
+  const vorn::OperationCheck check(this);
   if (!::IsWindow(m_hWnd) || !IsOwnItem(item) || m_pSelection == nullptr) return 0;
   const CVornTreeOperations operations(this);
   operations.ExpandParents(item);
@@ -160,6 +162,7 @@ int CVornTreeCtrl::EnsureVisible(CVornTreeItem* item) {
 }
 
 int CVornTreeCtrl::SetFirstVisible(CVornTreeItem* item) {
+  const vorn::OperationCheck check(this);
   if (item != nullptr && item == m_pFirstDisplay) return 1;
   if (!IsItemValid(m_pFirstDisplay) || !IsOwnItem(item) || m_pSelection == nullptr) return 0;
   SetRedraw(FALSE);

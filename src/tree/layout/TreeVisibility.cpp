@@ -1,6 +1,7 @@
 // CVornTreeCtrl: which items are rows, the walk of the rows, hiding and locking, document mode.
 #include "../../selection/VornTreeMultiSelection.h"
 #include "../VornTreeCtrl.h"
+#include "../model/TreeCheck.h"
 #include "VornTreeOperations.h"
 
 namespace {
@@ -114,6 +115,7 @@ int CVornTreeCtrl::ItemIsVisible(CVornTreeItem* item) {
 }
 
 int CVornTreeCtrl::SetItemVisibility(CVornTreeItem* item, int visible) {
+  const vorn::OperationCheck check(this);
   if (!IsItemValid(item)) return 0;
   const bool needed = item->IsHidden() == (visible != 0);
   int before = visible;
@@ -130,6 +132,7 @@ int CVornTreeCtrl::SetItemVisibility(CVornTreeItem* item, int visible) {
 }
 
 int CVornTreeCtrl::LockItemVisibility(CVornTreeItem* item, int visible) {
+  const vorn::OperationCheck check(this);
   if (!IsItemValid(item)) return 0;
   const int before = item->LockVisibility(visible);
   UpdateTree();
@@ -137,6 +140,7 @@ int CVornTreeCtrl::LockItemVisibility(CVornTreeItem* item, int visible) {
 }
 
 int CVornTreeCtrl::UnlockItemVisibility(CVornTreeItem* item) {
+  const vorn::OperationCheck check(this);
   if (!IsItemValid(item)) return 0;
   const int before = item->UnlockVisibility();
   UpdateTree();
@@ -167,6 +171,7 @@ CVornTreeItem* CVornTreeCtrl::GetActiveDocItem() const {
 }
 
 int CVornTreeCtrl::SetDocumentDisplay(int onlyActive) {
+  const vorn::OperationCheck check(this);
   const int before = m_bDisplayOnlyActiveDoc;
   CVornTreeItem* document = GetActiveDocItem();
   if (!HasSelectionType(STST_BYDOCUMENTS)) {

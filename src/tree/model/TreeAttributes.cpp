@@ -1,5 +1,6 @@
 // CVornTreeCtrl: what an item looks like - text, data, images, state, check marks, colours.
 #include "../VornTreeCtrl.h"
+#include "TreeCheck.h"
 #include "VornTreeItem.h"
 
 // --- Record forms ----------------------------------------------------------------------------------
@@ -19,6 +20,7 @@ int CVornTreeCtrl::GetItem(STITEM* record) {
 }
 
 int CVornTreeCtrl::SetItem(STITEM* record) {
+  const vorn::OperationCheck check(this);
   if (record == nullptr || !IsOwnItem(record->hItem)) return 0;
   CVornTreeItem* item = record->hItem;
   SetRedraw(FALSE);
@@ -52,6 +54,7 @@ const wchar_t* CVornTreeCtrl::GetItemText(CVornTreeItem* item) {
 }
 
 int CVornTreeCtrl::SetItemText(CVornTreeItem* item, const wchar_t* text) {
+  const vorn::OperationCheck check(this);
   if (!IsItemValid(item)) return 0;
   item->SetText(text);
   UpdateItem(item, 1);
@@ -63,6 +66,7 @@ unsigned __int64 CVornTreeCtrl::GetItemData(CVornTreeItem* item) const {
 }
 
 void CVornTreeCtrl::SetItemData(CVornTreeItem* item, unsigned __int64 data) {
+  const vorn::OperationCheck check(this);
   if (IsItemValid(item)) item->SetData(data);
 }
 
@@ -75,6 +79,7 @@ int CVornTreeCtrl::GetItemImage(CVornTreeItem* item, int& image, int& selectedIm
 }
 
 int CVornTreeCtrl::SetItemImage(CVornTreeItem* item, int image, int selectedImage) {
+  const vorn::OperationCheck check(this);
   if (!IsItemValid(item)) return 0;
   item->SetImages(image, selectedImage);
   UpdateItem(item, 1);
@@ -88,6 +93,7 @@ int CVornTreeCtrl::GetItemImageState(CVornTreeItem* item, int& image) const {
 }
 
 int CVornTreeCtrl::SetItemImageState(CVornTreeItem* item, int image) {
+  const vorn::OperationCheck check(this);
   if (!IsItemValid(item)) return 0;
   if (item->GetStateImage() == image) return 1;
   item->SetStateImage(image);
@@ -106,6 +112,7 @@ unsigned int CVornTreeCtrl::GetItemState(CVornTreeItem* item, unsigned int mask)
 }
 
 int CVornTreeCtrl::SetItemState(CVornTreeItem* item, unsigned long state) {
+  const vorn::OperationCheck check(this);
   if (!IsItemValid(item)) return 0;
   const unsigned int bits = static_cast<unsigned int>(state);
   if (bits & (STIS_BOLD | STIS_NOTBOLD)) {
@@ -117,6 +124,7 @@ int CVornTreeCtrl::SetItemState(CVornTreeItem* item, unsigned long state) {
 }
 
 int CVornTreeCtrl::ModifyItemState(CVornTreeItem* item, unsigned long remove, unsigned long add) {
+  const vorn::OperationCheck check(this);
   if (!IsItemValid(item)) return 0;
   const unsigned int bits = static_cast<unsigned int>(add);
   if (bits & (STIS_BOLD | STIS_NOTBOLD)) UpdateItemFont(item, bits);
@@ -127,6 +135,7 @@ int CVornTreeCtrl::ModifyItemState(CVornTreeItem* item, unsigned long remove, un
 int CVornTreeCtrl::GetCheckBox(CVornTreeItem* item) { return IsItemValid(item) ? item->GetCheckBox() : 0; }
 
 int CVornTreeCtrl::SetCheckBox(CVornTreeItem* item, int show) {
+  const vorn::OperationCheck check(this);
   if (!IsItemValid(item)) return 0;
   item->SetCheckBox(show != 0);
   return 1;
@@ -137,6 +146,7 @@ int CVornTreeCtrl::GetItemCheck(CVornTreeItem* item) {
 }
 
 int CVornTreeCtrl::SetItemCheck(CVornTreeItem* item, int check) {
+  const vorn::OperationCheck operation(this);
   if (!IsItemValid(item)) return 0;
   if (!item->GetCheckBox() && !IsActiveStyle(STS_CHECKBOXES)) return 0;
   if (!OnChecking(item)) return 0;

@@ -4,6 +4,7 @@
 #include "../../core/EncodedSequence.h"
 #include "../../core/FontHeight.h"
 #include "../VornTreeCtrl.h"
+#include "TreeCheck.h"
 #include "VornTreeItem.h"
 
 namespace {
@@ -87,6 +88,7 @@ CFont* CVornTreeCtrl::GetItemFont(CVornTreeItem* item) {
 }
 
 void CVornTreeCtrl::SetItemFont(CVornTreeItem* item, CFont* font) {
+  const vorn::OperationCheck check(this);
   if (IsItemValid(item)) item->SetFont(font);
 }
 
@@ -95,10 +97,12 @@ bool CVornTreeCtrl::IsItemBold(CVornTreeItem* item) const {
 }
 
 int CVornTreeCtrl::SetItemBold(CVornTreeItem* item, int bold) {
+  const vorn::OperationCheck check(this);
   return UpdateItemFont(item, bold ? STFF_BOLD : STFF_NOTBOLD);
 }
 
 int CVornTreeCtrl::UpdateItemFont(CVornTreeItem* item, unsigned int flags) {
+  const vorn::OperationCheck check(this);
   CFont* font = GetItemFont(item);
   LOGFONTW logFont;
   if (font == nullptr || ::GetObjectW(font->GetSafeHandle(), sizeof(logFont), &logFont) == 0) return 0;

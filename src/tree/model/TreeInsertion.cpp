@@ -3,6 +3,7 @@
 #include "../../selection/VornTreeSelection.h"
 #include "../VornTreeCtrl.h"
 #include "../layout/VornTreeOperations.h"
+#include "TreeCheck.h"
 #include "VornTreeItem.h"
 
 namespace {
@@ -48,6 +49,7 @@ void CVornTreeCtrl::Place(CVornTreeItem* item, CVornTreeItem* parent, CVornTreeI
 CVornTreeItem* CVornTreeCtrl::InsertItem(const wchar_t* text, int image, int selectedImage,
                                          CVornTreeItem* parent, CVornTreeItem* insertAfter,
                                          unsigned __int64 data) {
+  const vorn::OperationCheck check(this);
   if (m_pOptions == nullptr) return nullptr;
   CVornTreeItem* const requestedParent = parent;
   parent = ResolveRoot(parent);
@@ -106,6 +108,7 @@ bool CVornTreeCtrl::IsOnScreen(CVornTreeItem* prev, CVornTreeItem* next) {
 }
 
 CVornTreeItem* CVornTreeCtrl::InsertItem(STINSERTSTRUCT* insert) {
+  const vorn::OperationCheck check(this);
   if (insert == nullptr) return nullptr;
   const STITEM& record = insert->item;
   CString text;
@@ -151,6 +154,7 @@ void CVornTreeCtrl::ForgetSubtree(CVornTreeItem* item) {
 }
 
 int CVornTreeCtrl::DeleteItem(CVornTreeItem* item) {
+  const vorn::OperationCheck check(this);
   if (!IsOwnItem(item)) return 0;
   if (item == m_pRoot) return EmptyTree();
   m_pFirstDisplay = m_pLastDisplay = nullptr;
@@ -165,6 +169,7 @@ int CVornTreeCtrl::DeleteItem(CVornTreeItem* item) {
     item->Detach(true);
     delete item;
   }
+  ForgetDeadItems();
   m_pFirstDisplay = m_pLastDisplay = nullptr;
   m_bNeedLayout = TRUE;
   SetRedraw(TRUE);
@@ -179,6 +184,7 @@ int CVornTreeCtrl::EmptyTree() {
 }
 
 int CVornTreeCtrl::DeleteAllItems(CVornTreeItem* parent) {
+  const vorn::OperationCheck check(this);
   if (parent == nullptr || m_pSelection == nullptr) return 0;
   parent = ResolveRoot(parent);
   if (!IsOwnItem(parent)) return 0;
@@ -193,12 +199,14 @@ int CVornTreeCtrl::DeleteAllItems(CVornTreeItem* parent) {
     child->Detach(true);
     delete child;
   }
+  ForgetDeadItems();
   m_bNeedLayout = TRUE;
   SetRedraw(TRUE);
   return 1;
 }
 
 int CVornTreeCtrl::MoveItem(CVornTreeItem* parent, CVornTreeItem* item, CVornTreeItem* insertAfter) {
+  const vorn::OperationCheck check(this);
   parent = ResolveRoot(parent);
   if (!IsOwnItem(parent) || !IsOwnItem(item)) return 0;
   if (insertAfter != STI_FIRST && insertAfter != STI_LAST) {
@@ -215,6 +223,7 @@ int CVornTreeCtrl::MoveItem(CVornTreeItem* parent, CVornTreeItem* item, CVornTre
 
 CVornTreeItem* CVornTreeCtrl::SetItemFamily(CVornTreeItem* item, CVornTreeItem* parent,
                                             CVornTreeItem* insertAfter) {
+  const vorn::OperationCheck check(this);
   if (!IsPlaceValid(parent, insertAfter)) {
     if (IsOwnItem(item)) delete item;
     return nullptr;

@@ -176,6 +176,7 @@ void CVornTreeItem::Detach(bool destroy) {
     m_pPrevSibling = m_pNextSibling = nullptr;
     return;
   }
+  if (m_pTree != nullptr) m_pTree->m_nDeaths += m_nDescendants + 1;
   DestroyChildren();
   m_pTree = nullptr;
 }

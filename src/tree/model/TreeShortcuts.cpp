@@ -2,6 +2,7 @@
 #include <new>
 
 #include "../VornTreeCtrl.h"
+#include "TreeCheck.h"
 #include "VornTreeItem.h"
 
 namespace {
@@ -65,6 +66,7 @@ int CVornTreeItem::RemoveShortcut(CVornTreeItem* shortcut) {
 
 CVornTreeItem* CVornTreeCtrl::CreateShortcut(CVornTreeItem* target, CVornTreeItem* parent,
                                              CVornTreeItem* insertAfter) {
+  const vorn::OperationCheck check(this);
   if (!IsOwnItem(target) || target == m_pRoot) return nullptr;
   CVornTreeItem* const requestedParent = parent;
   parent = ResolveRoot(parent);

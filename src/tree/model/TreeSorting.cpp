@@ -9,6 +9,7 @@
 #include "../VornTreeCtrl.h"
 #include "NameOrder.h"
 #include "SortedRow.h"
+#include "TreeCheck.h"
 #include "VornTreeItem.h"
 
 namespace {
@@ -27,6 +28,7 @@ void TakeChildren(CVornTreeItem* parent, Take take) {
 }  // namespace
 
 int CVornTreeCtrl::SortChildren(STSORTCB* sort) {
+  const vorn::OperationCheck check(this);
   if (sort == nullptr || sort->lpfnCompare == nullptr || !IsOwnItem(sort->hParent)) return 0;
   CVornTreeItem* const parent = sort->hParent;
   if (parent->m_pFirstChild == nullptr) return 0;
@@ -58,6 +60,7 @@ int CVornTreeCtrl::SortChildren(STSORTCB* sort) {
 }
 
 bool CVornTreeCtrl::SortChildrenByName(CVornTreeItem* parent) {
+  const vorn::OperationCheck check(this);
   if (!IsOwnItem(parent) || parent->m_pFirstChild == nullptr) return false;
   std::vector<CVornTreeItem*> order;
   try {

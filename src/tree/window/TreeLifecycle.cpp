@@ -10,6 +10,7 @@
 #include "../../resources/VornResource.h"
 #include "../../selection/VornTreeSelection.h"
 #include "../VornTreeCtrl.h"
+#include "../model/TreeCheck.h"
 #include "../model/VornTreeItem.h"
 
 namespace {
@@ -86,7 +87,10 @@ CVornTreeCtrl::CVornTreeCtrl() {
   m_bAutoSelection = ::_wgetenv(L"NOTEST_WID4217") == nullptr;
 }
 
-CVornTreeCtrl::~CVornTreeCtrl() { DeleteHelpers(); }
+CVornTreeCtrl::~CVornTreeCtrl() {
+  vorn::OperationCheck::Forget(this);
+  DeleteHelpers();
+}
 
 void CVornTreeCtrl::LoadConfiguration() {
   m_nIndent = 20;
