@@ -271,10 +271,11 @@ CVornTreeItem* CVornTreeSelection::GetFirstInOrder(CVornTreeItem* a, CVornTreeIt
 int CVornTreeSelection::GetDraggableItems(CVornTreeItem* item, CVornTreeItemArray& items) {
   if (item == STI_ROOT) item = m_pTree->m_pRoot;
   if (!IsOwn(item)) return 0;
+  ManagerWatch alive(this);
   CVornTreeItem* at = item;
   while (true) {
     const bool draggable = m_pTree->IsAllow(at, STIS_NODRAG) && IsItemValid(at) && at->IsSelected();
-    if (!IsItemValid(at) || !IsItemValid(item)) return 1;
+    if (!alive || !IsItemValid(at) || !IsItemValid(item)) return 1;
     if (draggable) items.Add(at, nullptr);
     if (!draggable && at->m_pFirstChild != nullptr && at->m_nVisibleDescendants >= 1) {
       at = at->m_pFirstChild;  // hidden or not, meant
