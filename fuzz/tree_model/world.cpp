@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <map>
-#include <random>
 
 #include "VornComCtl.h"
 #include "model.h"
@@ -396,45 +395,13 @@ std::string World::Do(const Step& step) {
 
 }  // namespace
 
-std::string Run(const std::vector<Step>& steps, uint32_t seed) {
+std::string Run(const Steps& steps, uint32_t seed) {
   World world(seed);
   for (size_t i = 0; i < steps.size(); ++i) {
     const std::string wrong = world.Do(steps[i]);
     if (!wrong.empty()) return "after step " + std::to_string(i) + ": " + wrong;
   }
   return "";
-}
-
-std::vector<Step> RandomSteps(uint32_t seed, size_t count) {
-  std::mt19937 random(seed);
-  const auto byte = [&random] { return static_cast<uint8_t>(random() >> 8); };
-  std::vector<Step> steps(count);
-  for (Step& step : steps) step = {byte(), byte(), byte(), byte()};
-  return steps;
-}
-
-std::vector<Step> Shrink(std::vector<Step> steps, uint32_t seed) {
-  for (size_t part = steps.size() / 2; part > 0; part /= 2) {
-    for (size_t at = 0; at + part <= steps.size();) {
-      std::vector<Step> fewer = steps;
-      fewer.erase(fewer.begin() + static_cast<long>(at), fewer.begin() + static_cast<long>(at + part));
-      if (Run(fewer, seed).empty()) {
-        at += part;
-      } else {
-        steps = fewer;
-      }
-    }
-  }
-  return steps;
-}
-
-std::string ToText(const std::vector<Step>& steps) {
-  std::string text;
-  for (const Step& step : steps) {
-    text += "{" + std::to_string(step.operation) + ", " + std::to_string(step.first) + ", " +
-            std::to_string(step.second) + ", " + std::to_string(step.third) + "}, ";
-  }
-  return text;
 }
 
 }  // namespace fuzz

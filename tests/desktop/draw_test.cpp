@@ -13,28 +13,6 @@ namespace {
 const COLORREF kBlack = RGB(0, 0, 0);
 const COLORREF kRed = RGB(255, 0, 0);
 
-// An object that is selected for the length of a scope, then deleted.
-class With {
- public:
-  With(HDC dc, HGDIOBJ object) : m_dc(dc), m_object(object), m_old(SelectObject(dc, object)) {}
-  ~With() {
-    SelectObject(m_dc, m_old);
-    DeleteObject(m_object);
-  }
-  With(const With&) = delete;
-  With& operator=(const With&) = delete;
-
- private:
-  HDC m_dc;
-  HGDIOBJ m_object;
-  HGDIOBJ m_old;
-};
-
-void Line(HDC dc, int x1, int y1, int x2, int y2) {
-  MoveToEx(dc, x1, y1, nullptr);
-  LineTo(dc, x2, y2);
-}
-
 }  // namespace
 
 TEST(Draw, LinesEndBeforeTheirLastPoint) {

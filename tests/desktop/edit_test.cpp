@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "desktop/control_window.h"
 #include "support/driver.h"
 #include "support/host_window.h"
 #include "support/recorder.h"
@@ -12,26 +13,10 @@ using namespace support;
 
 namespace {
 
-// An edit control in a host window; the log has what the parent is told.
-class Edit {
+class Edit : public Control {
  public:
-  explicit Edit(DWORD style = ES_AUTOHSCROLL, const wchar_t* text = L"") : m_host({.log = &log}) {
-    window =
-        CreateWindowExW(0, L"EDIT", text, WS_CHILD | WS_VISIBLE | style, 10, 10, 150, 60, m_host,
-                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(7)), GetModuleHandleW(nullptr), nullptr);
-    SetFocus(window);
-    Pump();
-    log.Clear();
-    log.Only({WM_COMMAND});
-  }
-  ~Edit() {
-    const Recorder::Mute mute;
-    DestroyWindow(window);
-  }
+  explicit Edit(DWORD style = ES_AUTOHSCROLL, const wchar_t* text = L"") : Control(L"EDIT", style, text) {}
 
-  LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
-    return SendMessageW(window, message, wParam, lParam);
-  }
   // "first,last" of the selection.
   std::string Selection() const {
     DWORD first = 0;
@@ -44,15 +29,7 @@ class Edit {
     Send(EM_REPLACESEL, undo, reinterpret_cast<LPARAM>(text));
   }
   std::wstring Content() const { return WindowText(window); }
-
-  Recorder log;
-  HWND window;
-
- private:
-  HostWindow m_host;
 };
-
-std::string Told(int code) { return "host WM_COMMAND 7 " + std::to_string(code) + "\n"; }
 
 }  // namespace
 

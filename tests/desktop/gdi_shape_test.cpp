@@ -9,36 +9,10 @@
 
 using namespace support;
 
-namespace {
-
-// A pen in a DC for the time of a test.
-class Pen {
- public:
-  Pen(HDC dc, HPEN pen) : m_dc(dc), m_old(SelectObject(dc, pen)), m_pen(pen) {}
-  ~Pen() {
-    SelectObject(m_dc, m_old);
-    DeleteObject(m_pen);
-  }
-  Pen(const Pen&) = delete;
-  Pen& operator=(const Pen&) = delete;
-
- private:
-  HDC m_dc;
-  HGDIOBJ m_old;
-  HPEN m_pen;
-};
-
-void Line(HDC dc, int x1, int y1, int x2, int y2) {
-  MoveToEx(dc, x1, y1, nullptr);
-  LineTo(dc, x2, y2);
-}
-
-}  // namespace
-
 TEST(GdiShape, AlternatePenSetsEverySecondPixel) {
   Canvas dc(12, 4);
   const LOGBRUSH brush{BS_SOLID, RGB(255, 0, 0), 0};
-  const Pen pen(dc, ExtCreatePen(PS_COSMETIC | PS_ALTERNATE, 1, &brush, 0, nullptr));
+  const With pen(dc, ExtCreatePen(PS_COSMETIC | PS_ALTERNATE, 1, &brush, 0, nullptr));
   Line(dc, 0, 0, 11, 0);
   Line(dc, 1, 1, 12, 1);
   Line(dc, 11, 3, 0, 3);
@@ -52,7 +26,7 @@ TEST(GdiShape, AlternatePenSetsEverySecondPixel) {
 TEST(GdiShape, DashesGoOnRoundCorners) {
   Canvas dc(14, 10);
   SetBkMode(dc, TRANSPARENT);
-  const Pen pen(dc, CreatePen(PS_DOT, 1, 0));
+  const With pen(dc, CreatePen(PS_DOT, 1, 0));
   const POINT points[] = {{1, 1}, {12, 1}, {12, 9}};
   Polyline(dc, points, 3);
   EXPECT_TRUE(LooksLike(dc.Read(), R"(

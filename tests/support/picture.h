@@ -77,6 +77,29 @@ class Canvas {
   HGDIOBJ m_old;
 };
 
+// An object that is selected for the length of a scope, then deleted.
+class With {
+ public:
+  With(HDC dc, HGDIOBJ object) : m_dc(dc), m_object(object), m_old(SelectObject(dc, object)) {}
+  ~With() {
+    SelectObject(m_dc, m_old);
+    DeleteObject(m_object);
+  }
+  With(const With&) = delete;
+  With& operator=(const With&) = delete;
+
+ private:
+  HDC m_dc;
+  HGDIOBJ m_object;
+  HGDIOBJ m_old;
+};
+
+// From one point to, but not with, the other, in the pen of the DC.
+inline void Line(HDC dc, int x1, int y1, int x2, int y2) {
+  MoveToEx(dc, x1, y1, nullptr);
+  LineTo(dc, x2, y2);
+}
+
 }  // namespace support
 
 #define EXPECT_ART(picture, art) EXPECT_TRUE(support::LooksLike((picture), (art)))
