@@ -226,10 +226,15 @@ void Fill(Scene& scene, const Step& step, const MessageKind& kind, HWND target, 
       filled.wParam = step.second & 1;
       filled.lParam = Address(scene.Text(step.third));
       break;
-    case Parameters::Hit:
-      filled.wParam = kind.message == WM_SETCURSOR ? reinterpret_cast<WPARAM>(target) : step.second % 22;
-      filled.lParam = MAKELPARAM(step.second % 22, WM_MOUSEMOVE);
+    case Parameters::Hit: {
+      // Not the frame's buttons and edges: their loops wait for a real button, whatever else happens.
+      constexpr int kHits[] = {HTCLIENT, HTHSCROLL, HTVSCROLL, HTBORDER, HTNOWHERE, HTERROR};
+      const int hit = kHits[step.second % std::size(kHits)];
+      filled.wParam =
+          kind.message == WM_SETCURSOR ? reinterpret_cast<WPARAM>(target) : static_cast<WPARAM>(hit);
+      filled.lParam = kind.message == WM_SETCURSOR ? MAKELPARAM(hit, WM_MOUSEMOVE) : Packed(point);
       break;
+    }
   }
 }
 

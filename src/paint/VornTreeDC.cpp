@@ -1,6 +1,8 @@
 // A row as a whole: its columns, lines and connector. Button, images and label are in TreeRowParts.cpp.
 #include "VornTreeDC.h"
 
+#include <algorithm>
+
 #include "../tree/VornTreeCtrl.h"
 #include "../tree/layout/RowGeometry.h"
 #include "../tree/model/VornTreeItem.h"
@@ -18,6 +20,20 @@ COLORREF Complement(COLORREF color) { return ~color & 0x00FFFFFF; }
 vorn::RowPurpose PurposeOf(VornTreePaintMode mode) {
   if (mode == VornTreePaintDragPlain) return vorn::RowPurpose::DragPlain;
   return mode == VornTreePaintDragItem ? vorn::RowPurpose::DragItem : vorn::RowPurpose::Window;
+}
+
+// Every second place from one on to another; those before low cannot be seen and are passed over.
+template <typename Set>
+void DotsOn(int from, int to, int low, Set set) {
+  if (from < low) from += (low - from + 1) / 2 * 2;
+  for (int at = from; at <= to; at += 2) set(at);
+}
+
+// The same downwards; those beyond high cannot be seen.
+template <typename Set>
+void DotsBack(int from, int to, int high, Set set) {
+  if (from > high) from -= (from - high + 1) / 2 * 2;
+  for (int at = from; at >= to; at -= 2) set(at);
 }
 
 }  // namespace
@@ -46,25 +62,21 @@ void CVornTreeDC::DrawVornLine(CRect* pRect, unsigned long color, unsigned long 
   const COLORREF line = static_cast<COLORREF>(color);
   const int x = pRect->left + vorn::kCellMiddle;
   const int y = pRect->top - 1 + pRect->Height() / 2;
-  if (sides & kUp) {
-    for (int at = y; at >= pRect->top; at -= 2) SetPixelV(x, at, line);
-  }
-  if (sides & kDown) {
-    for (int at = y; at <= pRect->bottom; at += 2) SetPixelV(x, at, line);
-  }
-  if (sides & kLeft) {
-    for (int at = x; at >= pRect->left; at -= 2) SetPixelV(at, y, line);
-  }
-  if (sides & kRight) {
-    for (int at = x; at <= pRect->right; at += 2) SetPixelV(at, y, line);
-  }
+  CRect clip;
+  ::GetClipBox(m_hDC, &clip);
+  const auto across = [&](int at) { SetPixelV(at, y, line); };
+  const auto along = [&](int at) { SetPixelV(x, at, line); };
+  if (sides & kUp) DotsBack(y, std::max(pRect->top, clip.top), clip.bottom, along);
+  if (sides & kDown) DotsOn(y, std::min(pRect->bottom, clip.bottom), clip.top, along);
+  if (sides & kLeft) DotsBack(x, std::max(pRect->left, clip.left), clip.right, across);
+  if (sides & kRight) DotsOn(x, std::min(pRect->right, clip.right), clip.left, across);
 }
 
 void CVornTreeDC::DrawBrotherLine(CRect* pRect, CVornTreeItem* pItem, unsigned long style, long levelOffset) {
   if (pRect == nullptr || !IsItemValid(pItem)) return;
   const unsigned int bits = static_cast<unsigned int>(style);
-  const int indent = m_pTree != nullptr ? static_cast<int>(m_pTree->GetIndent()) : 0;
   const int level = pItem->m_nLevel;
+  const int indent = m_pTree != nullptr ? vorn::UsableIndent(m_pTree->GetIndent(), level) : 0;
   const bool linesAtRoot = HasLinesAtRoot(bits);
   if (!linesAtRoot) pRect->OffsetRect(-indent, 0);
   // From the item's own column back to the first one, for the ancestors are met in that order.
@@ -113,7 +125,7 @@ void CVornTreeDC::DrawItem(const CRect& rect, CVornTreeItem* pItem, unsigned lon
   shape.level = pItem->m_nLevel;
   shape.levelOffset = static_cast<int>(levelOffset);
   shape.style = bits;
-  shape.indent = m_pTree != nullptr ? static_cast<int>(m_pTree->GetIndent()) : 0;
+  shape.indent = m_pTree != nullptr ? vorn::UsableIndent(m_pTree->GetIndent(), shape.level) : 0;
   const vorn::RowColumns columns = vorn::ColumnsOf(shape, rect.left, PurposeOf(m_nPaintMode));
 
   const bool keepsPlace = m_nPaintMode != VornTreePaintNormal;

@@ -1,5 +1,7 @@
 #include "RowGeometry.h"
 
+#include <algorithm>
+
 #include "../VornTreeTypes.h"
 
 namespace vorn {
@@ -9,6 +11,11 @@ namespace {
 constexpr bool HasAll(unsigned int style, unsigned int bits) { return (style & bits) == bits; }
 
 }  // namespace
+
+int UsableIndent(unsigned int indent, int level) {
+  constexpr unsigned int kFarthest = 1u << 28;
+  return static_cast<int>(std::min(indent, kFarthest / static_cast<unsigned int>(std::max(level, 1))));
+}
 
 bool HasRootColumn(unsigned int style) {
   return HasAll(style, STS_HASLINES | STS_LINESATROOT) || HasAll(style, STS_HASBUTTONS | STS_LINESATROOT) ||

@@ -42,6 +42,9 @@ struct RowShape {
   int textWidth = 0;  // pixels
 };
 
+// A host's indent as rows use it: what no row could show is held back, so that sums of columns stay in range.
+int UsableIndent(unsigned int indent, int level);
+
 // Whether the style shows lines or buttons at the first level: it then has a column of its own.
 bool HasRootColumn(unsigned int style);
 

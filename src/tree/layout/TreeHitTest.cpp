@@ -26,7 +26,7 @@ vorn::RowShape CVornTreeCtrl::ShapeOf(const CVornTreeItem* item) const {
   shape.level = item->m_nLevel;
   shape.levelOffset = m_bDisplayOnlyActiveDoc == 1 ? 1 : 0;
   shape.style = ::IsWindow(m_hWnd) ? GetStyle() : 0;
-  shape.indent = static_cast<int>(m_nIndent);
+  shape.indent = vorn::UsableIndent(m_nIndent, shape.level);
   shape.hasCheckBox = item->HasExtFlag(STIX_CHECKBOX) || (shape.style & STS_CHECKBOXES) != 0;
   shape.hasStateImage = item->m_nStateImage != -1;
   shape.hasImage = item->HasExtFlag(STIX_HASIMAGE);

@@ -64,7 +64,8 @@ int CVornTreeCtrl::GetItemSize(CVornTreeItem* item) {
   if (!IsItemValid(item)) return 0;
   constexpr int kSpacing[] = {2, 10, 15};
   HFONT font = HandleOf(item->m_pFont);
-  if (font == nullptr && m_hWnd != nullptr) {
+  // Another thread sends nothing to the window, which may be waiting for it.
+  if (font == nullptr && m_hWnd != nullptr && OwnsThread()) {
     font = reinterpret_cast<HFONT>(::SendMessageW(m_hWnd, WM_GETFONT, 0, 0));
   }
   if (font == nullptr) font = HandleOf(&m_Font);
