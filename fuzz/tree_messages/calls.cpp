@@ -237,9 +237,9 @@ const Call kCalls[] = {
       s.tree.Invalidate();
       s.tree.UpdateWindow();
     },
-    [](Scene& s, const Step& p) { s.Wait(p.second); },
+    [](Scene& s, const Step& p) { s.Wait(p.second % 16); },
     [](Scene& s, const Step& p) {
-      if (p.second % 8 == 0) s.Wait(s.tree.GetLabelEditDuration());
+      if (p.second % 64 == 0) s.Wait(s.tree.GetLabelEditDuration());
     },
     [](Scene& s, const Step&) {
       VornTreeEditContextMenuSetCallback(nullptr);

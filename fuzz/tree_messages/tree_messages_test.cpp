@@ -19,7 +19,7 @@ TEST(TreeMessages, SurvivesWhatFuzzersFound) {
 
 // VORN_FUZZ_STEPS and VORN_FUZZ_SEED ask for another length and another first seed of the run.
 TEST(TreeMessages, SurvivesAnything) {
-  const size_t wanted = fuzz::NumberFromEnvironment("VORN_FUZZ_STEPS", 50000);
+  const size_t wanted = fuzz::NumberFromEnvironment("VORN_FUZZ_STEPS", 20000);
   uint32_t seed = static_cast<uint32_t>(fuzz::NumberFromEnvironment("VORN_FUZZ_SEED", 1));
   size_t sent = 0;
   for (size_t done = 0; done < wanted; done += kStepsPerScene, ++seed) {
