@@ -25,6 +25,7 @@ class VORNCOMCTL_API ManagerWatch {
  private:
   const CVornTreeSelection* m_pManager;
   ManagerWatch* m_pOuter;
+  ManagerWatch* m_pInner = nullptr;
 };
 
 }  // namespace vorn

@@ -16,10 +16,15 @@ thread_local ManagerWatch* g_innermost = nullptr;
 }  // namespace
 
 ManagerWatch::ManagerWatch(const CVornTreeSelection* manager) : m_pManager(manager), m_pOuter(g_innermost) {
+  if (m_pOuter != nullptr) m_pOuter->m_pInner = this;
   g_innermost = this;
 }
 
-ManagerWatch::~ManagerWatch() { g_innermost = m_pOuter; }
+// A host's guard need not end in the order of the others.
+ManagerWatch::~ManagerWatch() {
+  (m_pInner != nullptr ? m_pInner->m_pOuter : g_innermost) = m_pOuter;
+  if (m_pOuter != nullptr) m_pOuter->m_pInner = m_pInner;
+}
 
 void ManagerWatch::Forget(const CVornTreeSelection* manager) {
   for (ManagerWatch* watch = g_innermost; watch != nullptr; watch = watch->m_pOuter) {

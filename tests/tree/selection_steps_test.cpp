@@ -1,4 +1,6 @@
 // The plain selection manager, operation by operation: what each changes, tells and gives back.
+#include <memory>
+
 #include "tree/model/VornTreeItem.h"
 #include "tree/test_tree.h"
 
@@ -609,6 +611,22 @@ TEST_F(SelectionSteps, AShiftKeyDoesNotSave) {
   EXPECT_EQ(Listed(), "a b c d") << "the range of the click, nothing else";
   Press("b", 1, 1);
   EXPECT_EQ(Listed(), "a b");
+}
+
+// --- Guards ----------------------------------------------------------------------------------------
+
+TEST_F(SelectionSteps, GuardsMayEndInAnyOrderAndOutliveTheirManager) {
+  tree.Build("root [a]");
+  auto first = std::make_unique<CVornSelectionGuard>(&Manager(), 1, 0);
+  auto second = std::make_unique<CVornSelectionGuard>(&Manager(), 0, 1);
+  auto third = std::make_unique<CVornSelectionGuard>(&Manager(), 1, 1);
+  second.reset();
+  EXPECT_EQ(Manager().GetForceShift(), 0) << "as it was before the second";
+  first.reset();
+  tree.EnableSelectionByDocuments(1);
+  third.reset();
+  EXPECT_EQ(Manager().SetForceCtrl(0), 0);
+  EXPECT_EQ(Manager().GetForceShift(), 0);
 }
 
 // --- Draggable items -------------------------------------------------------------------------------
