@@ -198,7 +198,7 @@ int CVornTreeSelection::OnKeyDown(CVornTreeItem* item, unsigned int) {
   if (!IsOwn(item)) return 0;
   ManagerWatch alive(this);
   if (!(m_bShift ? KeyRange(item) : KeyOnly(item))) return 0;
-  if (alive) m_pTree->EnsureVisible(item);
+  m_pTree->EnsureVisible(item);
   if (alive) SetFocusItem(item);
   return 1;
 }

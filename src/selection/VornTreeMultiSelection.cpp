@@ -22,12 +22,13 @@ void CVornTreeMultiSelection::ForgetDeadInAll() {
     m_pActiveDoc = nullptr;
     m_pActiveManager = nullptr;
   }
+  ForgetDead();  // ranges that the host asked this object for, past the documents
   m_arrDocuments.RemoveDeadDocuments();
   for (long i = 0; i < m_arrDocuments.GetSize(); ++i) m_arrDocuments[i]->pManager->ForgetDead();
 }
 
 bool CVornTreeMultiSelection::HoldsMoreInAll(long than) const {
-  than -= m_arrDocuments.GetSize();
+  than -= m_arrDocuments.GetSize() + GetHeldCount();
   for (long i = 0; than >= 0 && i < m_arrDocuments.GetSize(); ++i) {
     than -= m_arrDocuments[i]->pManager->GetHeldCount();
   }

@@ -81,4 +81,25 @@ TEST(SelectionFault, ADocumentThatGetsNoManager) {
   EXPECT_GT(refused, 1);
 }
 
+TEST(SelectionFault, ARebuildThatGetsNoManagersForItsDocuments) {
+  AfxInitVornComCtl();
+  for (long n = 1;; ++n) {
+    CVornTreeCtrl tree;
+    CVornTreeItem* items[3];
+    for (CVornTreeItem*& item : items) item = tree.InsertItem(L"a", -1, -1, tree.InsertItem(L"d", -1, -1));
+    for (CVornTreeItem* item : items) tree.SelectItem(item, 1);
+    faults::Fail(faults::Kind::Allocation, n);
+    tree.EnableSelectionByDocuments(1);
+    const bool failed = faults::Seen(faults::Kind::Allocation) >= n;
+    faults::Fail(faults::Kind::Allocation, 0);
+    for (CVornTreeItem* item : items) EXPECT_TRUE(tree.IsItemSelected(item)) << "the flags stay";
+    tree.UpdateSelection(items[0], STUS_REBUILD);
+    tree.EnableSelectionByDocuments(0);
+    CVornTreeItemArray selected;
+    EXPECT_EQ(tree.GetCurrentSelection(selected), 1);
+    EXPECT_EQ(selected.GetSize(), 3) << "with memory all are taken up";
+    if (!failed) break;
+  }
+}
+
 }  // namespace

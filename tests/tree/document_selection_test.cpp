@@ -558,6 +558,9 @@ TEST_F(ChangeOfDocument, TheItemMayMoveToAnotherDocument) {
   WhenAsked([&] { tree.MoveItem(tree["d1"], b, STI_LAST); });
   EXPECT_EQ(Manager().OnLButtonDown(b), 0);
   EXPECT_FALSE(tree.IsItemSelected(b));
+  WhenAsked([&] { tree.MoveItem(tree["d2"], b, STI_LAST); });
+  EXPECT_EQ(Manager().OnKeyDown(b, VK_DOWN), 0);
+  EXPECT_FALSE(tree.IsItemSelected(b));
 }
 
 TEST_F(ChangeOfDocument, TheItemMayMoveWithinItsDocument) {

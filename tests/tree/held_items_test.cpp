@@ -134,6 +134,47 @@ TEST_F(HeldItems, ManyThatGoOneByOneAreLetGo) {
   tree.SetRedraw(TRUE);
 }
 
+// With much held, what is gone is let go once in a while; until then it is known to be gone.
+TEST_F(HeldItems, OneOfManyThatIsGoneIsKnownAsSuch) {
+  constexpr int kMany = 500;
+  for (bool byDocuments : {false, true}) {
+    tree.recording = false;
+    tree.SetRedraw(FALSE);
+    CVornTreeItem* const document = tree.InsertItem(L"d", -1, -1);
+    for (int i = 0; i < kMany; ++i) tree.InsertItem(L"x", -1, -1, document);
+    tree.Expand(document, STE_EXPAND);
+    tree.EnableSelectionByDocuments(byDocuments);
+    CVornTreeSelection& manager = *tree.GetSelectionManager();
+    manager.OnLButtonDown(tree.GetChildItem(document));
+    {
+      const CVornSelectionGuard keys(&manager, 0, 1);
+      manager.OnLButtonDown(tree.GetLastChildItem(document));
+    }
+    CVornTreeItem* const victim = tree.GetNextItem(tree.GetChildItem(document));
+    tree.ModifyItemState(victim, STIS_SELECTED, 0);  // the list is not told
+    tree.DeleteItem(victim);
+    EXPECT_EQ(CheckTree(tree), "");
+    tree.ClearSelection(document);
+    EXPECT_EQ(tree.Selected(), "");
+    if (!byDocuments) {
+      manager.RestoreSelection();
+      EXPECT_EQ(ListedCount(tree), kMany - 1);
+    }
+    tree.DeleteAllItems(STI_ROOT);
+    EXPECT_EQ(ListedCount(tree), 0);
+    tree.SetRedraw(TRUE);
+  }
+}
+
+TEST_F(HeldItems, ARangeOfTheOuterManagerIsLetGoAsWell) {
+  tree.EnableSelectionByDocuments(1);
+  tree.Build("root [d1+ [a b]]");
+  tree.GetSelectionManager()->SelectRange(tree["a"], tree["b"]);
+  tree.DeleteItem(tree["a"]);
+  EXPECT_EQ(CheckTree(tree), "");
+  tree.DeleteAllItems(STI_ROOT);
+}
+
 TEST_F(HeldItems, DocumentsThatGoTakeTheirManagersAlong) {
   tree.EnableSelectionByDocuments(1);
   tree.Build("root [d1+ [a] d2+ [b] d3+ [c]]");

@@ -2,6 +2,7 @@
 // crash, no look at what is gone, and a tree that hangs together afterwards.
 #include <functional>
 #include <map>
+#include <utility>
 #include <vector>
 
 #include "tree/model/VornTreeItem.h"
@@ -307,6 +308,17 @@ TEST(HostilePermission, WhileItemsAreSelectedOrGatheredForADrag) {
       [](TestTree& tree) { Click(tree, "c", 1, 0); },
       [](TestTree& tree) { Click(tree, "b", 0, 0); },
       [](TestTree& tree) { Click(tree, "f", 0, 1); },
+      [](TestTree& tree) {
+        {
+          const CVornSelectionGuard keys(&Manager(tree), 1, 0);
+          auto& asking = static_cast<AskingTree&>(tree);
+          const auto deed = std::exchange(asking.whenAsked, nullptr);
+          tree.SelectItem(tree["c"], 1);
+          Manager(tree).OnLButtonDown(tree["c"]);
+          asking.whenAsked = deed;
+        }
+        Manager(tree).OnLButtonUp(tree["c"]);
+      },
       [](TestTree& tree) { Key(tree, "c", 0, 0); },
       [](TestTree& tree) { Manager(tree).OnRButtonDown(tree["e"]); },
       [](TestTree& tree) { Manager(tree).SelectRange(tree["c"], tree["c"]); },
@@ -333,6 +345,21 @@ TEST(HostilePermission, WhileItemsAreSelectedOrGatheredForADrag) {
       }
     }
   }
+}
+
+TEST(HostilePermission, AnItemThatLeavesTheGatheredBranchEndsTheGathering) {
+  AskingTree tree;
+  tree.recording = false;
+  tree.Build("root [a+ [b c*] d]");
+  tree.recording = false;
+  // Asked for a first, then for b.
+  tree.whenAsked = [&](CVornTreeItem*) {
+    tree.whenAsked = [&](CVornTreeItem* item) { tree.MoveItem(STI_ROOT, item, STI_LAST); };
+  };
+  CVornTreeItemArray items;
+  EXPECT_EQ(Manager(tree).GetDraggableItems(tree["a"], items), 1);
+  EXPECT_EQ(items.GetSize(), 0);
+  EXPECT_EQ(tree.Text(), "root [a+ [c*@] d b]");
 }
 
 }  // namespace

@@ -77,6 +77,14 @@ TEST(ProtectedWalk, StaysInTheSubtreeOfWhatHasOpened) {
   EXPECT_EQ(tree.GetNextVisibleItem(tree["y"], 1, tree["a"]), nullptr);
 }
 
+TEST(ProtectedWalk, GoesDownOnlyWhereThereAreRows) {
+  TestTree tree;
+  tree.Build("root [a b [x] c+ [y! z!] d]");
+  EXPECT_EQ(tree.GetNextVisibleItem(tree["a"], 1, nullptr), tree["b"]) << "a leaf";
+  EXPECT_EQ(tree.GetNextVisibleItem(tree["b"], 1, nullptr), tree["c"]) << "folded";
+  EXPECT_EQ(tree.GetNextVisibleItem(tree["c"], 1, nullptr), tree["d"]) << "all hidden";
+}
+
 TEST(ProtectedWalk, StopsAtTheActiveDocument) {
   TestTree tree;
   tree.Build("root [d1+ [a+ [x]] d2]");

@@ -460,6 +460,23 @@ TEST_F(SelectionSteps, AReleaseOfNothingKeepsThePressWaiting) {
   EXPECT_EQ(Listed(), "b");
 }
 
+TEST_F(SelectionSteps, AReleaseOnWhatIsNoItemEndsTheWaiting) {
+  tree.Build("root [a* b*]");
+  Press("a", 1);
+  EXPECT_EQ(Manager().OnLButtonUp(STI_LAST), 0);
+  EXPECT_EQ(Release("a", 1), 0);
+  EXPECT_EQ(Listed(), "a b");
+}
+
+TEST_F(SelectionSteps, AReleaseWithoutAFocusSelectsTheItem) {
+  tree.Build("root [a* b*]");
+  Press("a", 1);
+  Manager().OnItemRemoved(tree["a"]);
+  ASSERT_EQ(tree.GetItemHasFocus(), nullptr);
+  EXPECT_EQ(Release("b"), 1);
+  EXPECT_EQ(Listed(), "b");
+}
+
 TEST_F(SelectionSteps, ARefusedCtrlReleaseKeepsTheItemSelected) {
   tree.Build("root [a* b*]");
   Press("a", 1);

@@ -93,6 +93,20 @@ TEST_F(RowsInWindow, AClickOnTheSoleSelectedItemOpensItsEditLater) {
   EXPECT_NE(tree.GetEditControl(), nullptr);
 }
 
+TEST_F(RowsInWindow, WithoutCurrentOptionsTheEditOpensAfterTheOrdinaryTime) {
+  Create(STS_EDITLABELS);
+  Build("root [Alpha]");
+  { TestTree other; }  // takes the current options along
+  ASSERT_EQ(AfxGetVornTreeOptions(), nullptr);
+  Click("Alpha");
+  Click("Alpha");
+  support::PumpFor(kShortOfEdit);
+  EXPECT_EQ(tree.GetEditControl(), nullptr);
+  support::PumpFor(kPastEdit);
+  EXPECT_NE(tree.GetEditControl(), nullptr);
+  tree.log.Clear();
+}
+
 TEST_F(RowsInWindow, WithoutTheStyleNoEditFollows) {
   Create();
   Build("root [Alpha]");
@@ -359,6 +373,35 @@ TEST_F(RowsInWindow, HidingShowsAtOnceUnderAnOpenParentOnly) {
   EXPECT_EQ(OnScreen(), "a c");
 }
 
+TEST_F(RowsInWindow, ACountThatOutlivedItsRowsIsPassed) {
+  Create(0, 200, 100);
+  Build("root [a! [x] b c d e f g h i j]");
+  // Opened with all while hidden it stays closed, and keeps its count when its children go.
+  tree.Expand(tree["a"], STE_EXPANDALL);
+  tree.DeleteAllItems(tree["a"]);
+  ASSERT_EQ(tree.GetVisibleChildCount(tree["a"]), 1u);
+  tree.SetItemVisibility(tree["a"], 1);
+  tree.SetScrollPos(SB_VERT, 2);
+  tree.UpdateTree();
+  support::Pump();
+  EXPECT_EQ(tree.GetFirstDisplayItem(), tree["c"]);
+  EXPECT_EQ(CheckTree(tree, false), "");
+  tree.log.Clear();
+}
+
+TEST_F(RowsInWindow, AKeyMayLoseItsManagerWhileItsItemIsBroughtIntoView) {
+  Create();
+  Build("root [a [b] c]");
+  tree.answer = [&](const std::string& hook, CVornTreeItem*, CVornTreeItem*) {
+    if (hook == "OnItemExpanding") tree.EnableSelectionByDocuments(1);
+    return 1;
+  };
+  EXPECT_EQ(tree.GetSelectionManager()->OnKeyDown(tree["b"], VK_DOWN), 1);
+  EXPECT_EQ(tree.Selected(), "b");
+  EXPECT_EQ(CheckTree(tree), "");
+  tree.log.Clear();
+}
+
 // --- Opening ---------------------------------------------------------------------------------------
 
 class OpeningInWindow : public RowsInWindow {
@@ -509,6 +552,12 @@ TEST(WindowGone, InsideAHookOfExpansionOrSelection) {
         if (tree.GetSafeHwnd() != nullptr) tree.DestroyWindow();
         EXPECT_EQ(tree.GetRootItem(), nullptr);
         EXPECT_EQ(tree.GetSelectionManager(), nullptr);
+        EXPECT_EQ(tree.GetFirstVisibleItem(), nullptr);
+        EXPECT_EQ(tree.GetVisibleCount(), 0);
+        EXPECT_EQ(tree.GetCount(), 0u);
+        CVornTreeItemArray hidden;
+        EXPECT_EQ(tree.GetHiddenItems(hidden), 0);
+        EXPECT_EQ(CheckTree(tree), "");
       }
     }
   }

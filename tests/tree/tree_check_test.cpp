@@ -106,6 +106,17 @@ TEST_F(TreeCheck, FindsWhatAManagerMustNotHold) {
   saved.RemoveAll();
 }
 
+TEST_F(TreeCheck, LetsAnEmptyControlPass) {
+  TestTree empty;
+  EXPECT_EQ(CheckTree(empty), "");
+}
+
+TEST_F(TreeCheck, TellsOfLabelsInOneAlphabetOnly) {
+  tree.SetItemText(tree["e"], L"\x00E9t\x00E9");
+  CVornTreeItem* const item = tree.GetChildItem(tree["d"]);
+  EXPECT_EQ(With(item->m_nLevel, 7), "'?t?': level is 7, not 2");
+}
+
 TEST_F(TreeCheck, FindsWhatADocumentsManagerMustNotHold) {
   tree.EnableSelectionByDocuments(1);
   tree.SelectItem(tree["c"]);

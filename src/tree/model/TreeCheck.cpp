@@ -128,7 +128,7 @@ class TreeWalker {
   bool CheckManagers(const CVornTreeSelection& manager) {
     if (manager.m_pTree != &m_tree) return WrongHere("the manager", "belongs to another control");
     const auto* byDocuments = DYNAMIC_DOWNCAST(CVornTreeMultiSelection, &manager);
-    return byDocuments != nullptr ? CheckDocuments(*byDocuments) : CheckManager(manager, "the manager");
+    return CheckManager(manager, "the manager") && (byDocuments == nullptr || CheckDocuments(*byDocuments));
   }
 
   bool CheckDocuments(const CVornTreeMultiSelection& manager) {
