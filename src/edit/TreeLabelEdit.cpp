@@ -32,11 +32,17 @@ CEdit* CVornTreeCtrl::EditLabel(CVornTreeItem* item) {
   CRect box = item->m_Rect;
   box.right = box.right + kSlack < m_rcClient.right ? box.right + kSlack : m_rcClient.right;
   if (box.left < m_rcClient.left) box.left = m_rcClient.left;
-  m_pEdit = new (std::nothrow) CVornTreeEdit(item);
-  if (m_pEdit == nullptr) return nullptr;
-  if (!m_pEdit->Create(WS_CHILD | WS_VISIBLE | WS_BORDER | ES_AUTOHSCROLL, box, this, kEditId))
+  CVornTreeEdit* const edit = new (std::nothrow) CVornTreeEdit(item);
+  m_pEdit = edit;
+  if (edit == nullptr) return nullptr;
+  const int made = edit->Create(WS_CHILD | WS_VISIBLE | WS_BORDER | ES_AUTOHSCROLL, box, this, kEditId);
+  if (m_pEdit != edit) return nullptr;  // the host has ended it meanwhile
+  if (!made) {
+    // A box that lost its item while it was made; one without a window stays.
+    if (edit->GetSafeHwnd() != nullptr) EndLabelEdit();
     return nullptr;
-  ::SetFocus(m_pEdit->GetSafeHwnd());
+  }
+  ::SetFocus(edit->GetSafeHwnd());
   return m_pEdit;
 }
 
@@ -45,6 +51,8 @@ int CVornTreeCtrl::EndLabelEdit() {
   if (edit == nullptr) return 0;
   const HWND window = m_hWnd;
   m_pEdit = nullptr;  // before anything that could come back here
+  // From here on its loss of the focus ends nothing: the hook may have opened another edit.
+  edit->MarkEnding();
   int changed = 0;
   CVornTreeItem* const item = edit->GetItem();
   if (IsItemValid(item) && !edit->IsCancelled() && edit->GetSafeHwnd() != nullptr) {
@@ -60,7 +68,7 @@ int CVornTreeCtrl::EndLabelEdit() {
   delete edit;
   if (!::IsWindow(window)) return changed;
   ::InvalidateRect(window, nullptr, TRUE);
-  ::SetFocus(window);
+  if (m_pEdit == nullptr) ::SetFocus(window);
   return changed;
 }
 

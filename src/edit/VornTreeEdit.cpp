@@ -81,6 +81,7 @@ int CVornTreeEdit::Create(unsigned long style, const tagRECT& rect, CWnd* pParen
   vorn::DecodeSequence(text);
   ::SetWindowTextW(window, text);
   SelectAll();
+  if (!::IsWindow(window)) return 0;
   ::GetWindowRect(window, m_rcStart);
   ::MapWindowPoints(nullptr, ::GetParent(window), reinterpret_cast<POINT*>(&m_rcStart), 2);
   AdjustFormatRect();

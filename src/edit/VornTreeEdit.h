@@ -27,6 +27,8 @@ class VORNCOMCTL_API CVornTreeEdit : public CEdit {
 
   CVornTreeItem* GetItem() const { return m_pItem; }
   bool IsCancelled() const { return m_bCancelled != FALSE; }
+  // The control ends the edit itself: EndEdit does nothing from now on.
+  void MarkEnding() { m_bEnding = TRUE; }
 
  protected:
   virtual BOOL PreCreateWindow(CREATESTRUCTW& cs) override;

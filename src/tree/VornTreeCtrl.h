@@ -414,6 +414,7 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   afx_msg int OnCreate(LPCREATESTRUCTW create);
   afx_msg void OnDestroy();
   afx_msg void OnShowWindow(BOOL show, UINT status);
+  afx_msg void OnCancelMode();
   afx_msg UINT OnGetDlgCode();
   afx_msg void OnSize(UINT type, int cx, int cy);
   afx_msg void OnPaint();
@@ -429,9 +430,14 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   afx_msg void OnLButtonUp(UINT flags, CPoint point);
   afx_msg void OnLButtonDblClk(UINT flags, CPoint point);
   afx_msg void OnRButtonDown(UINT flags, CPoint point);
+  afx_msg void OnRButtonUp(UINT flags, CPoint point);
   afx_msg void OnMouseMove(UINT flags, CPoint point);
   afx_msg void OnMouseLeave();
+  afx_msg void OnNcMouseMove(UINT hitTest, CPoint point);
+  afx_msg void OnNcLButtonUp(UINT hitTest, CPoint point);
+  afx_msg BOOL OnSetCursor(CWnd* window, UINT hitTest, UINT message);
   afx_msg void OnTimer(UINT_PTR id);
+  afx_msg void OnCaptureChanged(CWnd* window);
   afx_msg void OnContextMenu(CWnd* window, CPoint point);
   DECLARE_MESSAGE_MAP()
 
@@ -481,6 +487,7 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   void MoveTo(CVornTreeItem* item, UINT key);
   void FoldOrLeave(CVornTreeItem* focus, UINT key);
   void OpenOrEnter(CVornTreeItem* focus, UINT key);
+  void UnfoldAll(CVornTreeItem* focus, bool open);
   void MoveToFirstBrother(CVornTreeItem* focus, UINT key);
   void MoveToLastBrother(CVornTreeItem* focus, UINT key);
   CVornTreeItem* PageFrom(CVornTreeItem* item, bool forward) const;

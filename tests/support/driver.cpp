@@ -224,6 +224,7 @@ void Pump() {
   MSG message;
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
     if (message.message == WM_QUIT) return;
+    if (MessageFilter::Takes(message)) continue;
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }
@@ -250,6 +251,17 @@ bool PumpUntil(const std::function<bool()>& condition, int milliseconds) {
   }
   return true;
 }
+
+namespace {
+thread_local MessageFilter* t_filter = nullptr;
+}
+
+MessageFilter::MessageFilter(std::function<bool(MSG&)> taken)
+    : m_taken(std::move(taken)), m_outer(std::exchange(t_filter, this)) {}
+
+MessageFilter::~MessageFilter() { t_filter = m_outer; }
+
+bool MessageFilter::Takes(MSG& message) { return t_filter && t_filter->m_taken(message); }
 
 struct Later::State {
   std::function<void()> action;

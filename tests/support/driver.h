@@ -55,6 +55,23 @@ void PumpFor(int milliseconds);
 // Runs messages until the condition holds; false after the time.
 bool PumpUntil(const std::function<bool()>& condition, int milliseconds = 2000);
 
+// While one lives, messages that it takes are not dispatched by Pump and its kin: what an application's
+// message loop does ahead of the dispatch. The innermost one counts.
+class MessageFilter {
+ public:
+  explicit MessageFilter(std::function<bool(MSG& message)> taken);
+  ~MessageFilter();
+  MessageFilter(const MessageFilter&) = delete;
+  MessageFilter& operator=(const MessageFilter&) = delete;
+
+  // Of the innermost filter.
+  static bool Takes(MSG& message);
+
+ private:
+  std::function<bool(MSG&)> m_taken;
+  MessageFilter* m_outer;
+};
+
 // Calls back after a time from whatever message loop runs then: arm it before a menu, a dialog or a
 // drag that has its own loop. Not called once the object is gone.
 class Later {

@@ -33,7 +33,7 @@ void CVornTreeCtrl::UpdateTree() {
     ::InvalidateRect(m_hWnd, nullptr, TRUE);
     if (ownThread) ::UpdateWindow(m_hWnd);
   }
-  --m_nRedrawLock;
+  if (m_nRedrawLock > 0) --m_nRedrawLock;  // the end of the window, while it painted, has let go of it
 }
 
 void CVornTreeCtrl::CalcLayout() {

@@ -102,19 +102,21 @@ void CVornTreeCtrl::ActOnKey(UINT key, CVornTreeItem* focus) {
     case VK_ADD: Expand(focus, STE_EXPAND); return;
     case VK_SUBTRACT: Expand(focus, STE_COLLAPSE); return;
     case VK_MULTIPLY:
-      SetRedraw(FALSE);
-      Expand(focus, STE_EXPANDALL);
-      if (IsItemValid(focus)) CVornTreeOperations(this).ExpandAll(focus);
-      SetRedraw(TRUE);
-      return;
-    case VK_DIVIDE:
-      SetRedraw(FALSE);
-      Expand(focus, STE_COLLAPSEALL);
-      EnsureVisible(focus);
-      SetRedraw(TRUE);
-      return;
+    case VK_DIVIDE: UnfoldAll(focus, key == VK_MULTIPLY); return;
     default: return;
   }
+}
+
+void CVornTreeCtrl::UnfoldAll(CVornTreeItem* focus, bool open) {
+  const HWND window = m_hWnd;
+  SetRedraw(FALSE);
+  Expand(focus, open ? STE_EXPANDALL : STE_COLLAPSEALL);
+  if (!open) {
+    EnsureVisible(focus);
+  } else if (IsItemValid(focus)) {
+    CVornTreeOperations(this).ExpandAll(focus);
+  }
+  if (::IsWindow(window)) SetRedraw(TRUE);  // else its end has let go of the redraw
 }
 
 void CVornTreeCtrl::FoldOrLeave(CVornTreeItem* focus, UINT key) {

@@ -47,6 +47,7 @@ BEGIN_MESSAGE_MAP(CVornTreeCtrl, CWnd)
   ON_WM_CREATE()
   ON_WM_DESTROY()
   ON_WM_SHOWWINDOW()
+  ON_WM_CANCELMODE()
   ON_WM_GETDLGCODE()
   ON_WM_SIZE()
   ON_WM_PAINT()
@@ -62,9 +63,14 @@ BEGIN_MESSAGE_MAP(CVornTreeCtrl, CWnd)
   ON_WM_LBUTTONUP()
   ON_WM_LBUTTONDBLCLK()
   ON_WM_RBUTTONDOWN()
+  ON_WM_RBUTTONUP()
   ON_WM_MOUSEMOVE()
   ON_WM_MOUSELEAVE()
+  ON_WM_NCMOUSEMOVE()
+  ON_WM_NCLBUTTONUP()
+  ON_WM_SETCURSOR()
   ON_WM_TIMER()
+  ON_WM_CAPTURECHANGED()
   ON_WM_CONTEXTMENU()
 END_MESSAGE_MAP()
 
@@ -158,6 +164,7 @@ void CVornTreeCtrl::PreSubclassWindow() {
   ::GetClientRect(m_hWnd, m_rcClient);
   ::ShowScrollBar(m_hWnd, SB_BOTH, TRUE);
   CalcLayout();
+  m_bNeedLayout = TRUE;  // a window that is being created has no size yet: the first paint lays out
   ::SetCursor(::LoadCursorW(vorn::ModuleInstance(), MAKEINTRESOURCEW(IDC_VORN_TREE)));
   ::SetPropA(m_hWnd, kThisProperty, this);
 }
@@ -186,6 +193,9 @@ void CVornTreeCtrl::OnShowWindow(BOOL show, UINT status) {
   CWnd::OnShowWindow(show, status);
   if (show) MakeOptionsCurrent();
 }
+
+// Ends neither a drag nor a label edit; the loss of the capture does.
+void CVornTreeCtrl::OnCancelMode() { CWnd::OnCancelMode(); }
 
 LRESULT CVornTreeCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {

@@ -120,6 +120,13 @@ void CVornTreeCtrl::OnRButtonDown(UINT flags, CPoint point) {
   InvalidateAll();
 }
 
+// The default handling asks for the context menu.
+void CVornTreeCtrl::OnRButtonUp(UINT flags, CPoint point) { CWnd::OnRButtonUp(flags, point); }
+
+void CVornTreeCtrl::OnNcLButtonUp(UINT hitTest, CPoint point) { CWnd::OnNcLButtonUp(hitTest, point); }
+
+void CVornTreeCtrl::OnCaptureChanged(CWnd* window) { CWnd::OnCaptureChanged(window); }
+
 // --- Moves -----------------------------------------------------------------------------------------
 
 void CVornTreeCtrl::OnMouseMove(UINT flags, CPoint point) {
@@ -134,7 +141,8 @@ void CVornTreeCtrl::OnMouseMove(UINT flags, CPoint point) {
   m_ptLastMouse = point;
   if ((flags & MK_LBUTTON) || !IsActiveStyle(STS_HOTTRACK) || IsDragInProgress()) return;
   unsigned int zone = 1;
-  MoveHotMark(HitTest(point, &zone), zone);
+  CVornTreeItem* const item = HitTest(point, &zone);
+  MoveHotMark(item, zone);
 }
 
 void CVornTreeCtrl::MoveHotMark(CVornTreeItem* item, unsigned int zone) {
@@ -155,6 +163,12 @@ void CVornTreeCtrl::MoveHotMark(CVornTreeItem* item, unsigned int zone) {
 void CVornTreeCtrl::OnMouseLeave() {
   m_bMouseTracking = FALSE;  // the hot row stays hot
   CWnd::OnMouseLeave();
+}
+
+void CVornTreeCtrl::OnNcMouseMove(UINT hitTest, CPoint point) { CWnd::OnNcMouseMove(hitTest, point); }
+
+BOOL CVornTreeCtrl::OnSetCursor(CWnd* window, UINT hitTest, UINT message) {
+  return CWnd::OnSetCursor(window, hitTest, message);  // the class's cursor
 }
 
 void CVornTreeCtrl::OnContextMenu(CWnd*, CPoint) {}

@@ -46,6 +46,7 @@ void CVornTreeCtrl::ReleaseRedraw(int redraw) {
   }
   if (OwnsThread()) ::SendMessageW(m_hWnd, WM_SETREDRAW, static_cast<WPARAM>(redraw), 0);
   m_nRedrawLock = 0;
+  if (m_pRedrawDC == nullptr) return;  // nothing was ever held
   ReleaseRedrawDC();
   UpdateTree();
 }
