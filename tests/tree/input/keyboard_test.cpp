@@ -1,4 +1,5 @@
 // Keys: what each does with each modifier and kind of selection, and who sees it.
+#include "support/picture.h"
 #include "tree/input/input_scene.h"
 
 namespace {
@@ -387,6 +388,20 @@ TEST_F(Keyboard, TheFocusRectangleCanBeTurnedOff) {
   EXPECT_FALSE(tree.IsFocusRectVisible());
   tree.SetFocusRectVisible(true);
   EXPECT_TRUE(tree.IsFocusRectVisible());
+}
+
+TEST_F(Keyboard, TheFocusRectangleIsDrawnWhetherOrNotTheWindowHasTheFocus) {
+  scene.Start("Beta");
+  const auto picture = [&](bool visible) {
+    tree.SetFocusRectVisible(visible);
+    tree.UpdateTree();
+    return support::CaptureClient(tree);
+  };
+  EXPECT_FALSE(picture(true) == picture(false));
+  ::SetFocus(*scene.host);
+  const support::Picture drawn = picture(true);
+  EXPECT_FALSE(drawn == picture(false));
+  EXPECT_TRUE(drawn == picture(true));
 }
 
 // --- The focus of the window -----------------------------------------------------------------------

@@ -152,6 +152,23 @@ TEST(TreeCreation, GivesTheControlItsImagesFontAndProperty) {
   EXPECT_EQ(AfxGetVornTreeOptions()->GetParent(), &tree);
 }
 
+TEST(TreeCreation, ShowsTheTreesCursor) {
+  support::HostWindow host;
+  TestTree tree;
+  ::SetCursor(nullptr);
+  tree.CreateTreeCtrl(WS_CHILD, CRect(0, 0, 50, 50), CWnd::FromHandle(host), 9);
+  const HCURSOR shown = ::GetCursor();
+  const HCURSOR own = ::LoadCursorW(::GetModuleHandleW(L"VornComCtl"), MAKEINTRESOURCEW(5012));
+  EXPECT_NE(own, nullptr);
+  EXPECT_EQ(shown, own);
+  tree.DestroyWindow();
+}
+
+TEST(TreeCreation, AnEmptyOneHasNoBars) {
+  InputScene scene("root", support::kPlain | WS_VSCROLL | WS_HSCROLL);
+  EXPECT_EQ(scene.tree.GetStyle() & (WS_VSCROLL | WS_HSCROLL), 0u);
+}
+
 TEST(TreeCreation, AllControlsShareTheirCheckBoxesAndButtons) {
   InputScene first("root"), second("root");
   for (const auto list : {STIL_CHECKBOX, STIL_BUTTON}) {
