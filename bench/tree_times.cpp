@@ -1,54 +1,28 @@
 // Times of whole operations on trees of 10^4, 10^5 and 10^6 items, in an object without a window, on
 // whichever desktop it is built for. Prints nanoseconds per item and how the cost grows: an exponent of 1
 // is a cost in proportion to the items. Arguments: part of the names of the operations to run.
-#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
-#include <ctime>
 #include <functional>
 #include <random>
 #include <vector>
 
 #include "VornComCtl.h"
+#include "bench_time.h"
 
 namespace {
 
-// Nanoseconds of processor time, which other programs do not disturb; on Windows, where that comes in
-// large steps, nanoseconds by the clock.
-double Now() {
-#ifdef _WIN32
-  const auto since = std::chrono::steady_clock::now().time_since_epoch();
-  return std::chrono::duration<double, std::nano>(since).count();
-#else
-  timespec time{};
-  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-  return static_cast<double>(time.tv_sec) * 1e9 + static_cast<double>(time.tv_nsec);
-#endif
-}
+const Labels g_labels(1000000);
 
 struct Scene {
   CVornTreeCtrl tree;
   std::vector<CVornTreeItem*> items;
 };
 
-// Labels of twelve letters in no order, made beforehand.
-constexpr size_t kLabelSize = 13;
-std::vector<wchar_t> g_labels;
-
-void MakeLabels(size_t count) {
-  g_labels.resize(count * kLabelSize);
-  for (size_t i = 0; i < count; ++i) {
-    const unsigned mixed = static_cast<unsigned>(i) * 2654435761u;
-    std::swprintf(&g_labels[i * kLabelSize], kLabelSize, L"item%08x", mixed);
-  }
-}
-
-const wchar_t* LabelOf(size_t i) { return &g_labels[i * kLabelSize]; }
-
 void FillFlat(Scene& scene, size_t count, CVornTreeItem* place) {
   for (size_t i = 0; i < count; ++i) {
-    scene.items.push_back(scene.tree.InsertItem(LabelOf(i), -1, -1, STI_ROOT, place, i + 1));
+    scene.items.push_back(scene.tree.InsertItem(g_labels[i], -1, -1, STI_ROOT, place, i + 1));
   }
 }
 
@@ -56,7 +30,7 @@ void FillFlat(Scene& scene, size_t count, CVornTreeItem* place) {
 void FillFan(Scene& scene, size_t count) {
   for (size_t i = 0; i < count; ++i) {
     CVornTreeItem* const parent = i == 0 ? STI_ROOT : scene.items[(i - 1) / 10];
-    scene.items.push_back(scene.tree.InsertItem(LabelOf(i), -1, -1, parent, STI_LAST, i + 1));
+    scene.items.push_back(scene.tree.InsertItem(g_labels[i], -1, -1, parent, STI_LAST, i + 1));
   }
 }
 
@@ -113,7 +87,8 @@ const Row kRows[] = {
      [](Scene& s, size_t) { s.tree.Expand(s.items[0], STE_COLLAPSEALL); }},
     {"walk all rows, fan of 10", FanOpen, WalkRows},
     {"walk all rows, flat", Flat, WalkRows},
-    {"find by label, last of flat", Flat, [](Scene& s, size_t n) { s.tree.GetItemFromName(LabelOf(n - 1)); }},
+    {"find by label, last of flat", Flat,
+     [](Scene& s, size_t n) { s.tree.GetItemFromName(g_labels[n - 1]); }},
     {"find by data, last of flat", Flat, [](Scene& s, size_t n) { s.tree.GetItemFromItemData(n); }},
     {"1000 paths there and back, fan", FillFan, PathLookups},
     {"select a range of all, flat", Flat, SelectAll},
@@ -155,7 +130,6 @@ bool IsWanted(const Row& row, int argc, char** argv) {
 
 int main(int argc, char** argv) {
   AfxInitVornComCtl();
-  MakeLabels(1000000);
   std::printf("%-34s %10s %10s %10s   %9s %8s\n", "ns per item", "10^4", "10^5", "10^6", "10^6 [ms]",
               "exponent");
   for (const Row& row : kRows) {

@@ -34,7 +34,10 @@ CStringData* AddReference(CStringData* data) noexcept {
 
 void Release(CStringData* data) noexcept {
   if (data == EmptyStringData()) return;
-  if (data->references.fetch_sub(1, std::memory_order_acq_rel) == 1) ::operator delete(data);
+  // Whoever holds the only reference need not count down.
+  if (!data->IsShared() || data->references.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+    ::operator delete(data);
+  }
 }
 
 void AppendNarrow(CString& target, LPCSTR text, int length) {

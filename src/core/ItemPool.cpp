@@ -1,10 +1,11 @@
 #include "ItemPool.h"
 
 #include <algorithm>
-#include <atomic>
-#include <cstring>
-#include <new>
 #include <thread>
+
+#include <windows.h>
+
+#include <memoryapi.h>
 
 #ifdef VORN_POISONS_ITEMS
 #include <sanitizer/asan_interface.h>
@@ -30,21 +31,16 @@ void Unpoison(std::uintptr_t, std::size_t) {}
 
 constexpr std::size_t kWordSize = sizeof(unsigned int);
 
-// The first chunk has this size; later ones a quarter of all before, so that there are few of them and
-// little lies idle.
-constexpr std::size_t kSmallestChunk = 64 * 1024;
-constexpr std::size_t kMostChunks = 128;
+// What is asked for as a range of addresses, and what will do where addresses are short.
+constexpr std::size_t kLargeRegion = std::size_t{8} << 30;
+constexpr std::size_t kSmallestRegion = std::size_t{1} << 20;
+constexpr std::size_t kMostRegions = 256;
 
-struct Chunk {
-  std::uintptr_t begin = 0;
-  std::uintptr_t end = 0;
-  std::atomic<std::uintptr_t> used{0};  // slots below were handed out at least once
-};
+// Memory comes in steps of this size at first, later of a part of what there is, so that little lies idle.
+constexpr std::size_t kSmallestStep = 64 * 1024;
+constexpr std::size_t kStepPart = 8;
 
-// Chunks are only ever added, so that a reader needs no lock.
-constinit Chunk g_chunks[kMostChunks];
-constinit std::atomic<std::size_t> g_chunkCount{0};
-constinit std::size_t g_totalSize = 0;
+using Region = vorn::ItemPool::Region;
 
 // Dead slots, oldest first, linked through a word of theirs beside the magic word: one line of the
 // processor's cache is touched and not two.
@@ -52,6 +48,8 @@ constexpr std::size_t kLinkOffset = 176;
 constinit void* g_oldestDead = nullptr;
 constinit void* g_newestDead = nullptr;
 constinit std::size_t g_deadCount = 0;
+
+constinit Region g_later[kMostRegions - 1];
 
 // Changed under the lock, read without.
 constinit std::atomic<std::size_t> g_liveCount{0};
@@ -79,37 +77,41 @@ class PoolLock {
   static constinit inline std::atomic_flag s_busy;
 };
 
-bool AddChunk() {
-  const std::size_t count = g_chunkCount.load(std::memory_order_relaxed);
-  if (count == kMostChunks) return false;
-  const std::size_t size = std::max(kSmallestChunk, g_totalSize / 4);
-  void* const memory = ::operator new(size, std::nothrow);
-  if (!memory) return false;
-  Chunk& chunk = g_chunks[count];
-  chunk.begin = reinterpret_cast<std::uintptr_t>(memory);
-  chunk.end = chunk.begin + size;
-  chunk.used.store(chunk.begin, std::memory_order_relaxed);
-  Poison(chunk.begin, size);
-  g_totalSize += size;
-  g_chunkCount.store(count + 1, std::memory_order_release);
-  return true;
+std::size_t RoundUp(std::size_t size) { return (size + kSmallestStep - 1) / kSmallestStep * kSmallestStep; }
+
+void* Ask(std::uintptr_t address, std::size_t size, DWORD type) {
+  return ::VirtualAlloc(reinterpret_cast<void*>(address), size, type, PAGE_READWRITE);
 }
 
-void* TakeFresh() {
-  for (;;) {
-    const std::size_t count = g_chunkCount.load(std::memory_order_relaxed);
-    if (count > 0) {
-      Chunk& newest = g_chunks[count - 1];
-      const std::uintptr_t slot = NextUsableSlot(newest.used, newest.end, ItemPool::kSlotSize);
-      if (slot) {
-        Unpoison(slot, ItemPool::kSlotSize);
-        std::memset(reinterpret_cast<char*>(slot) + ItemPool::kMagicOffset, 0, kWordSize);
-        newest.used.store(slot + ItemPool::kSlotSize, std::memory_order_release);
-        return reinterpret_cast<void*>(slot);
-      }
-    }
-    if (!AddChunk()) return nullptr;
+// Behind the earlier range if it may be: then later items go on having higher addresses.
+bool ReserveRegion(Region& region, std::uintptr_t wanted) {
+  for (std::size_t size = kLargeRegion; size >= kSmallestRegion; size /= 2) {
+    void* memory = wanted ? Ask(wanted, size, MEM_RESERVE) : nullptr;
+    if (!memory) memory = Ask(0, size, MEM_RESERVE);
+    if (!memory) continue;
+    region.size = size;
+    region.committed = 0;
+    region.used.store(0, std::memory_order_relaxed);
+    region.begin.store(reinterpret_cast<std::uintptr_t>(memory), std::memory_order_relaxed);
+    return true;
   }
+  return false;
+}
+
+// Provides memory up to an offset. It is poisoned until slots are taken.
+bool Commit(Region& region, std::uintptr_t end) {
+  if (end <= region.committed) return true;
+  const std::size_t missing = RoundUp(end - region.committed);
+  const std::size_t part = std::max(missing, RoundUp(region.committed / kStepPart));
+  const std::uintptr_t begin = region.begin + region.committed;
+  for (std::size_t step : {part, missing}) {
+    step = std::min(step, region.size - region.committed);
+    if (!Ask(begin, step, MEM_COMMIT)) continue;
+    Poison(begin, step);
+    region.committed += step;
+    return true;
+  }
+  return false;
 }
 
 void* TakeOldestDead() {
@@ -120,23 +122,49 @@ void* TakeOldestDead() {
   return slot;
 }
 
-// Items that are asked for one after another mostly lie in one chunk.
-constinit std::atomic<std::size_t> g_lastFound{0};
-
-const Chunk* ChunkOf(std::uintptr_t address) {
-  const auto holds = [address](const Chunk& chunk) { return chunk.begin <= address && address < chunk.end; };
-  const std::size_t count = g_chunkCount.load(std::memory_order_acquire);
-  const std::size_t last = g_lastFound.load(std::memory_order_relaxed);
-  if (last < count && holds(g_chunks[last])) return &g_chunks[last];
-  for (std::size_t i = count; i-- > 0;) {
-    if (!holds(g_chunks[i])) continue;
-    g_lastFound.store(i, std::memory_order_relaxed);
-    return &g_chunks[i];
-  }
-  return nullptr;
+// A slot of the region that was never handed out; null when it is full or memory is short.
+void* TakeFrom(Region& region) {
+  const std::uintptr_t begin = region.begin;
+  const std::uintptr_t slot = NextUsableSlot(begin + region.used, begin + region.size, ItemPool::kSlotSize);
+  if (!slot) return nullptr;
+  const std::uintptr_t end = slot + ItemPool::kSlotSize - begin;
+  if (!Commit(region, end)) return nullptr;
+  Unpoison(slot, ItemPool::kSlotSize);
+  region.used.store(end, std::memory_order_release);
+  return reinterpret_cast<void*>(slot);
 }
 
 }  // namespace
+
+constinit Region ItemPool::s_first;
+constinit std::atomic<std::size_t> ItemPool::s_regionCount{0};
+
+bool ItemPool::IsInLaterRegion(std::uintptr_t address) noexcept {
+  const std::size_t later = s_regionCount.load(std::memory_order_acquire) - 1;
+  for (std::size_t i = 0; i < later; ++i) {
+    const std::uintptr_t used = g_later[i].used.load(std::memory_order_acquire);
+    const std::uintptr_t offset = address - g_later[i].begin.load(std::memory_order_relaxed);
+    if (offset < used) return offset % kSlotSize == 0;
+  }
+  return false;
+}
+
+void* ItemPool::TakeFresh() noexcept {
+  const std::size_t count = s_regionCount.load(std::memory_order_relaxed);
+  std::uintptr_t behind = 0;
+  if (count > 0) {
+    Region& newest = count == 1 ? s_first : g_later[count - 2];
+    if (void* const slot = TakeFrom(newest)) return slot;
+    behind = newest.begin + newest.size;
+    // A region that has room left has met with a want of memory.
+    if (NextUsableSlot(newest.begin + newest.used, behind, kSlotSize)) return nullptr;
+  }
+  if (count == kMostRegions) return nullptr;
+  Region& region = count == 0 ? s_first : g_later[count - 1];
+  if (!ReserveRegion(region, behind)) return nullptr;
+  s_regionCount.store(count + 1, std::memory_order_release);
+  return TakeFrom(region);
+}
 
 void* ItemPool::Allocate(std::size_t size) noexcept {
   if (size != kSlotSize) return nullptr;
@@ -164,31 +192,19 @@ void ItemPool::Free(void* slot) noexcept {
   ChangeLiveCount(-1);
 }
 
-bool ItemPool::Contains(const void* p) noexcept {
-  const std::uintptr_t address = reinterpret_cast<std::uintptr_t>(p);
-  const Chunk* const chunk = LooksLikePlace(address) ? nullptr : ChunkOf(address);
-  return chunk && address < chunk->used.load(std::memory_order_acquire) &&
-         (address - chunk->begin) % kSlotSize == 0;
-}
-
-unsigned int ItemPool::ReadMagic(const void* p) noexcept {
-  if (!Contains(p)) return 0;
-  unsigned int magic;
-  std::memcpy(&magic, static_cast<const char*>(p) + kMagicOffset, kWordSize);
-  return magic;
-}
-
 std::size_t ItemPool::LiveCount() noexcept { return g_liveCount.load(std::memory_order_relaxed); }
 
 void ItemPool::ReleaseIfUnused() noexcept {
   PoolLock lock;
   if (LiveCount() > 0) return;
-  const std::size_t count = g_chunkCount.exchange(0, std::memory_order_acq_rel);
+  const std::size_t count = s_regionCount.exchange(0, std::memory_order_acq_rel);
   for (std::size_t i = 0; i < count; ++i) {
-    Unpoison(g_chunks[i].begin, g_chunks[i].end - g_chunks[i].begin);
-    ::operator delete(reinterpret_cast<void*>(g_chunks[i].begin));
+    Region& region = i == 0 ? s_first : g_later[i - 1];
+    const std::uintptr_t begin = region.begin;
+    region.used.store(0, std::memory_order_release);
+    Unpoison(begin, region.committed);
+    ::VirtualFree(reinterpret_cast<void*>(begin), 0, MEM_RELEASE);
   }
-  g_totalSize = 0;
   g_oldestDead = g_newestDead = nullptr;
   g_deadCount = 0;
 }

@@ -5,10 +5,16 @@
 // magic word, cleared. Dead slots are used again in the order in which they died, and not before a
 // number of younger ones has piled up behind them. In builds with the address sanitizer all of a dead
 // slot but its magic word is poisoned, so that any other use of a dead item is caught.
+//
+// Slots are cut from one large range of addresses that is reserved beforehand and given memory as it is
+// needed: items made one after another have rising addresses, and whether a pointer is a slot is told by
+// two comparisons and a division.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 #if defined(__SANITIZE_ADDRESS__)
 #define VORN_POISONS_ITEMS 1
@@ -57,16 +63,51 @@ class ItemPool {
   static void Free(void* slot) noexcept;
 
   // Whether a slot that was handed out at least once begins at p, living or dead.
-  static bool Contains(const void* p) noexcept;
+  static bool Contains(const void* p) noexcept {
+    const std::uintptr_t address = reinterpret_cast<std::uintptr_t>(p);
+    if (LooksLikePlace(address)) return false;
+    const std::uintptr_t used = s_first.used.load(std::memory_order_acquire);
+    const std::uintptr_t offset = address - s_first.begin.load(std::memory_order_relaxed);
+    if (offset < used) return offset % kSlotSize == 0;
+    return s_regionCount.load(std::memory_order_acquire) > 1 && IsInLaterRegion(address);
+  }
+
+  // A number for tables of slots, counted from 0 upward; kNoNumber for a few that have none.
+  static constexpr std::size_t kNoNumber = static_cast<std::size_t>(-1);
+  static std::size_t NumberOf(const void* slot) noexcept {
+    const std::uintptr_t offset =
+        reinterpret_cast<std::uintptr_t>(slot) - s_first.begin.load(std::memory_order_relaxed);
+    return offset < s_first.used.load(std::memory_order_relaxed) ? offset / kSlotSize : kNoNumber;
+  }
 
   // The magic word of the slot at p, which is 0 when it is dead; 0 for anything that is not a slot.
-  static unsigned int ReadMagic(const void* p) noexcept;
+  static unsigned int ReadMagic(const void* p) noexcept {
+    unsigned int magic = 0;
+    if (Contains(p)) std::memcpy(&magic, static_cast<const char*>(p) + kMagicOffset, sizeof(magic));
+    return magic;
+  }
 
   // Slots in use. A leak detector cannot see items that nobody deletes, this can.
   static std::size_t LiveCount() noexcept;
 
   // Gives all memory back, unless slots are in use. For the unloading of the module.
   static void ReleaseIfUnused() noexcept;
+
+  // A range of addresses. Ranges are only ever added, so that a reader needs no lock.
+  struct Region {
+    std::atomic<std::uintptr_t> begin{0};
+    std::atomic<std::uintptr_t> used{0};  // bytes from begin on that were handed out at least once
+    std::uintptr_t committed = 0;         // bytes that have memory
+    std::uintptr_t size = 0;
+  };
+
+ private:
+  static bool IsInLaterRegion(std::uintptr_t address) noexcept;
+  static void* TakeFresh() noexcept;
+
+  // One is enough for 40 million items.
+  static Region s_first;
+  static std::atomic<std::size_t> s_regionCount;
 };
 
 }  // namespace vorn

@@ -134,6 +134,7 @@ int CVornTreeOptions::GetItemSize(CVornTreeItem* pItem) {
 
   pItem->m_nHeight = extent.cy + kTextMargin;
   pItem->m_nTextWidth = extent.cx + kTextMargin;
+  m_pTree->OnItemResized(pItem);
   return 1;
 }
 

@@ -32,6 +32,7 @@ class CVornTreeSelection;
 class CVornTreeToolTip;
 
 namespace vorn {
+class RowIndex;
 struct RowShape;
 class TreeWalker;
 }  // namespace vorn
@@ -479,6 +480,15 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   void SetHorizontalBar(bool on, int width, int widest, int pos);
   void SetVerticalBar(bool on, int height, int pos);
   void ScrollToLevel(CVornTreeItem* item, int redraw);
+  vorn::RowIndex* Rows() const;
+  CVornTreeItem* RowAt(int index) const;
+  bool IsAbove(CVornTreeItem* item, CVornTreeItem* other) const;
+  CVornTreeItem* StepToRow(CVornTreeItem* from, CVornTreeItem* to, bool up, int* position) const;
+  void OnRowsChanged() const;
+  void OnItemLinked(CVornTreeItem* item) const;
+  void OnItemUnlinking(CVornTreeItem* item) const;
+  void OnItemResized(const CVornTreeItem* item) const;
+  void OnAllItemsResized() const;
   void ScrollTo(int bar, int position);
   vorn::RowShape ShapeOf(const CVornTreeItem* item) const;
   void DrawRows(CVornTreeDC& dc, CVornTreeItem* first);
@@ -547,5 +557,6 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   ItemSpacing m_nItemSpacing = SpacingNormal;
   BOOL m_bHScrollVisible = FALSE;
   BOOL m_bVScrollVisible = FALSE;
-  size_t m_nDeaths = 0;  // items destroyed since the selection let go of dead ones
+  size_t m_nDeaths = 0;                       // items destroyed since the selection let go of dead ones
+  mutable vorn::RowIndex* m_pRows = nullptr;  // owned; made for the first tree that is worth it
 };

@@ -1,5 +1,6 @@
 // CVornTreeCtrl: extents, and the two operations that turn a change into a new layout.
 #include "../VornTreeCtrl.h"
+#include "RowIndex.h"
 #include "VornTreeOperations.h"
 
 void CVornTreeCtrl::UpdateItem(CVornTreeItem* item, int updateNow) {
@@ -58,6 +59,10 @@ int CVornTreeCtrl::GetItemRect(CVornTreeItem* item, RECT* rect, int textOnly) {
 }
 
 int CVornTreeCtrl::GetSize(int& cx, int& cy) {
+  if (vorn::RowIndex* const rows = Rows()) {
+    rows->GetExtent(cx, cy);
+    return 1;
+  }
   cx = cy = 0;
   for (CVornTreeItem* row = GetFirstVisibleItem(); row != nullptr; row = GetNextVisibleItem(row)) {
     cy += row->GetItemHeight();

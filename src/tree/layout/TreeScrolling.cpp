@@ -100,8 +100,7 @@ void CVornTreeCtrl::SetVerticalBar(bool on, int height, int pos) {
   SCROLLINFO info = EmptyScrollInfo(SIF_RANGE | SIF_PAGE | SIF_POS);
   if (on) {
     const CVornTreeOperations operations(this);
-    int index = GetScrollPos(SB_VERT);
-    m_pFirstDisplay = CVornTreeOperations::FindVisibleByIndex(&index, GetFirstVisibleItem());
+    m_pFirstDisplay = RowAt(GetScrollPos(SB_VERT));
     m_pLastDisplay = operations.FindLastDisplayItem();
     info.nMax = GetVisibleCount();  // the count itself: the user can scroll past the end, meant
     info.nPage = static_cast<UINT>(operations.CountPageItems());
@@ -139,18 +138,16 @@ int CVornTreeCtrl::EnsureVisible(CVornTreeItem* item) {
   operations.ExpandParents(item);
   if (!IsItemValid(item) || !::IsWindow(m_hWnd) || m_pSelection == nullptr) return 0;
   UpdateScrollBar();
-  int index = GetScrollPos(SB_VERT);
-  m_pFirstDisplay = CVornTreeOperations::FindVisibleByIndex(&index, GetFirstVisibleItem());
+  m_pFirstDisplay = RowAt(GetScrollPos(SB_VERT));
   m_pLastDisplay = operations.FindLastDisplayItem();
 
   int position = GetScrollPos(SB_VERT);
   CVornTreeItem* row = nullptr;
-  if (m_pSelection->GetFirstInOrder(m_pFirstDisplay, item) == item) {
-    for (row = m_pFirstDisplay; row != nullptr && row != item; row = GetPrevVisibleItem(row)) --position;
+  if (IsAbove(item, m_pFirstDisplay)) {
+    row = StepToRow(m_pFirstDisplay, item, true, &position);
   } else {
     if (IsDisplayItem(item)) return 1;
-    row = operations.FindLastDisplayItem();
-    for (; row != nullptr && row != item; row = GetNextVisibleItem(row)) ++position;
+    row = StepToRow(operations.FindLastDisplayItem(), item, false, &position);
     ++position;  // one further than needed, meant
   }
   if (row == item) {
@@ -166,15 +163,12 @@ int CVornTreeCtrl::SetFirstVisible(CVornTreeItem* item) {
   if (item != nullptr && item == m_pFirstDisplay) return 1;
   if (!IsItemValid(m_pFirstDisplay) || !IsOwnItem(item) || m_pSelection == nullptr) return 0;
   SetRedraw(FALSE);
-  const bool isAbove = m_pSelection->GetFirstInOrder(m_pFirstDisplay, item) == item;
+  const bool isAbove = IsAbove(item, m_pFirstDisplay);
   CVornTreeOperations(this).ExpandParents(item);
   UpdateScrollBar();
   int position = GetScrollPos(SB_VERT);
-  CVornTreeItem* row = GetFirstDisplayItem();
-  while (row != nullptr && row != item && IsItemValid(item)) {
-    row = isAbove ? GetPrevVisibleItem(row) : GetNextVisibleItem(row);
-    position += isAbove ? -1 : 1;
-  }
+  CVornTreeItem* row = nullptr;
+  if (IsItemValid(item)) row = StepToRow(GetFirstDisplayItem(), item, isAbove, &position);
   if (row == item && row != nullptr) SetScrollPos(SB_VERT, position, TRUE);
   SetRedraw(TRUE);
   return 1;

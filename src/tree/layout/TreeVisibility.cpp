@@ -184,6 +184,7 @@ int CVornTreeCtrl::SetDocumentDisplay(int onlyActive) {
     Expand(document, STE_EXPAND);
   }
   m_bDisplayOnlyActiveDoc = onlyActive;
+  OnRowsChanged();
   SetRedraw(TRUE);
   return before;
 }

@@ -67,6 +67,7 @@ CVornTreeItem* CVornTreeOperations::FindByPrefix(CVornTreeItem* start, const wch
 void CVornTreeOperations::OnItemVisibilityChanged(CVornTreeItem* item, int visible) const {
   CVornTreeItem* parent = item->m_pParent;
   if (parent == nullptr) return;
+  m_pTree->OnRowsChanged();
   const int sign = visible ? 1 : -1;
   const int rows = parent->IsExpanded() ? item->m_nVisibleDescendants + 1 : 0;
   parent->m_nHiddenDescendants -= sign;
@@ -77,6 +78,7 @@ void CVornTreeOperations::OnItemVisibilityChanged(CVornTreeItem* item, int visib
 
 void CVornTreeOperations::ExpandCounts(CVornTreeItem* item) const {
   if (item->m_pFirstChild == nullptr) return;
+  m_pTree->OnRowsChanged();
   const int rows = RowsOfChildren(item);
   item->m_nVisibleDescendants = rows;
   AddRowsUpward(item->m_pParent, item->IsHidden() ? 0 : rows);
@@ -84,6 +86,7 @@ void CVornTreeOperations::ExpandCounts(CVornTreeItem* item) const {
 
 void CVornTreeOperations::CollapseCounts(CVornTreeItem* item) const {
   if (item->m_pFirstChild == nullptr) return;
+  m_pTree->OnRowsChanged();
   const int rows = RowsOfChildren(item);
   item->m_nVisibleDescendants = 0;
   AddRowsUpward(item->m_pParent, item->IsHidden() ? 0 : -rows);
@@ -91,6 +94,7 @@ void CVornTreeOperations::CollapseCounts(CVornTreeItem* item) const {
 
 void CVornTreeOperations::CollapseAll(CVornTreeItem* item) const {
   if (item->m_pFirstChild == nullptr || !item->IsExpanded()) return;
+  m_pTree->OnRowsChanged();
   int rows = 0;
   for (const CVornTreeItem* child = item->m_pFirstChild; child != nullptr; child = child->m_pNextSibling) {
     if (child->IsHidden()) continue;
@@ -107,6 +111,7 @@ void CVornTreeOperations::CollapseAll(CVornTreeItem* item) const {
 
 void CVornTreeOperations::ExpandAll(CVornTreeItem* item) const {
   if (item->m_pFirstChild == nullptr) return;
+  m_pTree->OnRowsChanged();
   const int before = item->m_nVisibleDescendants;
   // Down: open and start counting at 0. On the way up each item hands its rows to its parent.
   CVornTreeItem* at = item;

@@ -78,6 +78,7 @@ int CVornTreeCtrl::GetItemSize(CVornTreeItem* item) {
   const bool known = m_nItemSpacing >= SpacingNormal && m_nItemSpacing <= SpacingLarger;
   item->m_nHeight = size.cy + kSpacing[known ? m_nItemSpacing : SpacingNormal];
   item->m_nTextWidth = size.cx + kTextWidthMargin;
+  OnItemResized(item);
   return 1;
 }
 

@@ -37,6 +37,7 @@ int CVornTreeCtrl::GetImageSize(VornTreeImageList list, SIZE* size) {
 
 CImageList* CVornTreeCtrl::SetImageList(CImageList* list, VornTreeImageList which) {
   if (list == nullptr || !IsListIndex(which)) return nullptr;
+  OnAllItemsResized();
   const HIMAGELIST old = m_hImageList[which];
   m_hImageList[which] = list->m_hImageList;
   if (list->m_hImageList != nullptr && !QuerySize(list->m_hImageList, &m_szImage[which])) {

@@ -192,6 +192,7 @@ int CVornTreeCtrl::DeleteAllItems(CVornTreeItem* parent) {
   m_pFirstDisplay = m_pLastDisplay = nullptr;
   if (!IsItemValid(parent)) return 1;
   SetRedraw(FALSE);
+  OnRowsChanged();
   // Read anew each time: a sibling, or the parent, may be a shortcut of the one that goes, and go with it.
   while (IsItemValid(parent) && parent->m_pLastChild != nullptr) {
     CVornTreeItem* const child = parent->m_pLastChild;

@@ -131,6 +131,7 @@ void CVornTreeItem::Adopt(CVornTreeItem* item) {
   SetLevel(item, m_nLevel + 1);
   item->m_pParent = this;
   m_nState &= ~static_cast<unsigned int>(STIS_HASCHILDREN);
+  if (m_pTree != nullptr) m_pTree->OnItemLinked(item);
   NotifyUpdate();
 }
 
@@ -160,6 +161,7 @@ void CVornTreeItem::Detach(bool destroy) {
   const bool isRoot = m_pTree != nullptr && m_pTree->m_pRoot == this;
   if (m_pParent == nullptr && m_pFirstChild == nullptr && !isRoot) return;
   if (m_pParent != nullptr) {
+    if (m_pTree != nullptr) m_pTree->OnItemUnlinking(this);
     Unlink(this);
     Counts counts{m_nDescendants + 1, 1, m_nHiddenDescendants};
     if (IsHidden()) {

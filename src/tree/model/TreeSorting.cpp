@@ -51,6 +51,7 @@ int CVornTreeCtrl::SortChildren(STSORTCB* sort) {
     }
     row.Insert(child, place);
   });
+  OnRowsChanged();
   if (IsItemValid(parent)) parent->m_nVisibleDescendants = 0;
   row.ForEach([parent](CVornTreeItem* child) {
     if (IsItemValid(parent) && IsItemValid(child)) parent->InsertAfter(child, nullptr);
@@ -72,6 +73,7 @@ bool CVornTreeCtrl::SortChildrenByName(CVornTreeItem* parent) {
     return false;
   }
   SetRedraw(FALSE);
+  OnRowsChanged();
   TakeChildren(parent, [](CVornTreeItem*) {});
   parent->m_nVisibleDescendants = 0;
   for (CVornTreeItem* child : order) parent->InsertAfter(child, nullptr);

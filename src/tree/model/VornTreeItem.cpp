@@ -121,12 +121,19 @@ void CVornTreeItem::CollectAncestors(CVornTreeItemArray& items) {
 
 // --- Writing ---------------------------------------------------------------------------------------
 
+namespace {
+
+constexpr unsigned int kRowBits = STIS_EXPANDED | STIS_HIDDEN;  // tell which items are rows
+
+}  // namespace
+
 void CVornTreeItem::NotifyUpdate() {
   if (m_pTree != nullptr) m_pTree->UpdateItem(this, 0);
 }
 
 void CVornTreeItem::SetBit(unsigned int bit, bool on) {
   m_nState = on ? m_nState | bit : m_nState & ~bit;
+  if (m_pTree != nullptr && (bit & kRowBits)) m_pTree->OnRowsChanged();
   NotifyUpdate();
 }
 
@@ -138,6 +145,7 @@ void CVornTreeItem::SetCheckBox(bool on) {
 void CVornTreeItem::ModifyState(unsigned int remove, unsigned int add) {
   if (remove == 0 && add == 0) return;
   m_nState = (m_nState & ~remove) | add;
+  if (m_pTree != nullptr && ((remove | add) & kRowBits)) m_pTree->OnRowsChanged();
   NotifyUpdate();
 }
 

@@ -11,6 +11,7 @@
 #include "../../selection/VornTreeSelection.h"
 #include "../VornTreeCtrl.h"
 #include "../model/TreeCheck.h"
+#include "../layout/RowIndex.h"
 #include "../model/VornTreeItem.h"
 
 namespace {
@@ -126,6 +127,8 @@ void CVornTreeCtrl::DeleteHelpers() {
   if (AfxGetVornTreeOptions() == m_pOptions) vorn::SetCurrentOptions(nullptr);
   delete m_pOptions;
   m_pOptions = nullptr;
+  delete m_pRows;
+  m_pRows = nullptr;
   if (m_pRoot != nullptr) {
     CVornTreeItem* const root = m_pRoot;
     root->Detach(true);

@@ -16,11 +16,9 @@ void CVornTreeCtrl::OnPaint() {
   CVornTreeDC dc(this);
   if (!dc.BeginPaint(this)) return;
   dc.DrawBackground();
-  int position = GetScrollPos(SB_VERT);
+  const int position = GetScrollPos(SB_VERT);
   CVornTreeItem* first = GetFirstVisibleItem();
-  if (position >= 1 && m_pRoot != nullptr) {
-    first = CVornTreeOperations::FindVisibleByIndex(&position, first);
-  }
+  if (position >= 1 && m_pRoot != nullptr) first = RowAt(position);
   m_pFirstDisplay = first;
   if (first == nullptr) {
     m_pLastDisplay = nullptr;
