@@ -1,21 +1,20 @@
 // CVornTreeCtrl: rows by number. Walks where the tree is small, asks the index of rows where it is not.
 #include <new>
 
-#include "../../core/ItemPool.h"
 #include "../../selection/VornTreeSelection.h"
 #include "../VornTreeCtrl.h"
 #include "RowIndex.h"
 #include "VornTreeOperations.h"
 
-#ifdef VORN_POISONS_ITEMS
+#ifdef VORN_CHECK_TREES
 #include <cstdio>
 #include <cstdlib>
 #endif
 
 namespace {
 
-#ifdef VORN_POISONS_ITEMS
-// Builds that look for faults ask the index for every tree, and compare it with the walk each time.
+#ifdef VORN_CHECK_TREES
+// Builds that check trees ask the index for every tree, and compare it with the walk each time.
 constexpr int kWorthIndexing = 1;
 
 void Verify(const vorn::RowIndex& rows, const CVornTreeCtrl& tree, int visibleCount) {
