@@ -201,6 +201,7 @@ void CVornTreeCtrl::OnShowWindow(BOOL show, UINT status) {
 void CVornTreeCtrl::OnCancelMode() { CWnd::OnCancelMode(); }
 
 LRESULT CVornTreeCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  if ((message == WM_WINDOWPOSCHANGED || message == WM_STYLECHANGED) && lParam == 0) return 0;
   switch (message) {
     case WM_SYSCOLORCHANGE: RefillDefaultColors(); break;
     case WM_SETFONT: return OnSetFont(reinterpret_cast<HFONT>(wParam), static_cast<BOOL>(lParam));
@@ -261,7 +262,8 @@ void CVornTreeCtrl::UseSharedImages() {
 
 LRESULT CVornTreeCtrl::OnSetFont(HFONT font, BOOL redraw) {
   LOGFONTW logFont{};
-  if (font == nullptr || ::GetObjectW(font, sizeof(logFont), &logFont) == 0) return 0;
+  // What is no font gives less, or nothing.
+  if (font == nullptr || ::GetObjectW(font, sizeof(logFont), &logFont) != sizeof(logFont)) return 0;
   // The font may be the present one, sent by SetFont itself.
   HFONT copy = ::CreateFontIndirectW(&logFont);
   if (copy == nullptr) return 0;

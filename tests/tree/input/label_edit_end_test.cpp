@@ -1,4 +1,7 @@
 // Every way in which a label edit ends, and what it leaves in the item.
+#include <functional>
+#include <utility>
+
 #include "support/text.h"
 #include "tree/input/edit_scene.h"
 #include "tree/model/VornTreeItem.h"
@@ -196,6 +199,70 @@ TEST_F(OpenEdit, TheHostMayInsistOnABetterText) {
   EXPECT_EQ(refused, 4);
   tree.log.Clear();
 }
+
+TEST_F(OpenEdit, OfAnItemThatTheHostDeletesMeanwhileNothingIsStored) {
+  tree.answer = [&](const std::string& hook, CVornTreeItem* item, CVornTreeItem*) {
+    if (hook.starts_with("OnEndLabelEdit")) tree.DeleteItem(item);
+    return 1;
+  };
+  EXPECT_EQ(tree.EndLabelEdit(), 0);
+  EXPECT_EQ(tree.Text(), "root [Delta]");
+  tree.log.Clear();
+}
+
+// What the box tells its parent, heard ahead of the control.
+struct Notices {
+  WNDPROC control = nullptr;
+  int code = 0;
+  std::function<void()> act;
+} g_notices;
+
+LRESULT CALLBACK Overhear(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  const WNDPROC control = g_notices.control;
+  if (message == WM_COMMAND && lParam != 0 && HIWORD(wParam) == g_notices.code && g_notices.act) {
+    const std::function<void()> act = std::exchange(g_notices.act, nullptr);
+    act();
+  }
+  return ::CallWindowProcW(control, window, message, wParam, lParam);
+}
+
+class Notified : public testing::TestWithParam<int> {
+ protected:
+  void Listen(HWND window, std::function<void()> act) {
+    g_notices = {nullptr, GetParam(), std::move(act)};
+    g_notices.control = reinterpret_cast<WNDPROC>(
+        ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Overhear)));
+  }
+};
+
+TEST_P(Notified, TheHostMayEndTheEditWheneverTheBoxTellsOfItself) {
+  for (const char* deed : {"end", "delete", "destroy", "edit", "empty"}) {
+    SCOPED_TRACE(deed);
+    InputScene scene("root [Alpha [Beta] Delta]", kStyle);
+    support::TestTree& tree = scene.tree;
+    tree.recording = false;
+    bool done = false;
+    Listen(tree, [&] {
+      done = true;
+      if (deed == std::string("end")) tree.EndLabelEdit();
+      if (deed == std::string("delete")) tree.DeleteItem(tree["Alpha"]);
+      if (deed == std::string("destroy")) tree.DestroyWindow();
+      if (deed == std::string("edit")) tree.EditLabel(tree["Delta"]);
+      if (deed == std::string("empty")) tree.DeleteAllItems(STI_ROOT);
+    });
+    tree.EditLabel(tree["Alpha"]);
+    Type(L"xy");
+    if (tree.m_hWnd != nullptr && tree.GetEditControl() != nullptr) Key(VK_RETURN);
+    EXPECT_TRUE(done);
+    if (tree.m_hWnd == nullptr) continue;
+    tree.EndLabelEdit();
+    EXPECT_EQ(tree.GetEditControl(), nullptr);
+    EXPECT_EQ(support::CheckTree(tree), "");
+    EXPECT_EQ(::GetCapture(), nullptr);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Codes, Notified, testing::Values(EN_SETFOCUS, EN_UPDATE, EN_CHANGE, EN_KILLFOCUS));
 
 // --- The encoded sequence --------------------------------------------------------------------------
 

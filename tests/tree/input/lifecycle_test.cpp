@@ -401,6 +401,23 @@ TEST(TreeEnd, TheSameObjectMayGetAnotherWindow) {
   tree.log.Clear();
 }
 
+TEST(TreeEnd, OfTheObjectTakesItsWindowAndItsEditAlong) {
+  support::HostWindow host;
+  auto tree = std::make_unique<TestTree>();
+  tree->CreateTreeCtrl(WS_CHILD | WS_VISIBLE | support::kPlain, CRect(0, 0, 150, 100), CWnd::FromHandle(host),
+                       9);
+  tree->Build("root [Alpha+ [Beta*] Delta]");
+  HWND const window = *tree;
+  tree->SetRedraw(FALSE);
+  ASSERT_NE(tree->EditLabel(tree->operator[]("Beta")), nullptr);
+  HWND const box = *tree->GetEditControl();
+  tree->log.Clear();
+  tree.reset();
+  EXPECT_FALSE(::IsWindow(window));
+  EXPECT_FALSE(::IsWindow(box));
+  EXPECT_EQ(AfxGetVornTreeOptions(), nullptr);
+}
+
 TEST(TreeEnd, OfTheParentIsTheControlsToo) {
   InputScene scene("root [Alpha]");
   scene.host->Destroy();

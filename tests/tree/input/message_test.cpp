@@ -94,8 +94,7 @@ TEST_F(Messages, SomethingThatIsNoFontLeavesTheFontAlone) {
   const HBRUSH brush = ::CreateSolidBrush(0);
   EXPECT_EQ(tree.SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(brush), TRUE), 0);
   ::DeleteObject(brush);
-  EXPECT_NE(tree.SendMessage(WM_GETFONT), 0);
-  EXPECT_EQ(before != 0, tree.SendMessage(WM_GETFONT) != 0);
+  EXPECT_EQ(tree.SendMessage(WM_GETFONT), before);
 }
 
 TEST_F(Messages, TheColorsFollowTheSystem) {
@@ -165,6 +164,12 @@ TEST_F(Messages, AStyleThatDisablesRemessagesAtOnceOthersDoNot) {
   styles.styleNew = styles.styleOld ^ WS_DISABLED;
   tree.SendMessage(WM_STYLECHANGED, static_cast<WPARAM>(GWL_STYLE), reinterpret_cast<LPARAM>(&styles));
   EXPECT_LOG(messages, "tree WM_PAINT");
+}
+
+TEST_F(Messages, ChangesOfNothingAreIgnored) {
+  EXPECT_EQ(tree.SendMessage(WM_WINDOWPOSCHANGED), 0);
+  EXPECT_EQ(tree.SendMessage(WM_STYLECHANGED, static_cast<WPARAM>(GWL_STYLE)), 0);
+  EXPECT_EQ(tree.layouts, 0);
 }
 
 TEST_F(Messages, CancelModeEndsNoEdit) {
