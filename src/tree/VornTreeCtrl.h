@@ -515,6 +515,7 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   void ReleaseRedrawDC();
   LRESULT OnSetFont(HFONT font, BOOL redraw);
   void DeleteHelpers();
+  void DeleteFallenItems();
 
   // The order of the fields is fixed.
   CVornTreeOptions* m_pOptions = nullptr;      // owned
@@ -559,4 +560,5 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   BOOL m_bVScrollVisible = FALSE;
   size_t m_nDeaths = 0;                       // items destroyed since the selection let go of dead ones
   mutable vorn::RowIndex* m_pRows = nullptr;  // owned; made for the first tree that is worth it
+  CVornTreeItemArray m_arrFallen;             // what SortChildren left out; some may be gone
 };

@@ -81,6 +81,32 @@ TEST(SortChildren, RefusesWhatCannotBeSorted) {
   EXPECT_EQ(tree.Text(), "root [b a]");
 }
 
+// What is lost to the tree is not lost to the process.
+TEST(SortChildren, WhatFellOutLivesAsLongAsTheControl) {
+  CVornTreeItem* fallen = nullptr;
+  CVornTreeItem* below = nullptr;
+  {
+    TestTree tree;
+    tree.Build("root [a b [b1] c d]");
+    fallen = tree["b"];
+    below = tree["b1"];
+    CVornTreeItem* const deleted = tree["c"];
+    CVornTreeItem* const taken = tree["d"];
+    CFont font;
+    font.CreatePointFont(120, L"Tahoma");
+    tree.SetItemFont(fallen, &font);
+    STSORTCB sort{tree.GetRootItem(), [](LPARAM, LPARAM, LPARAM) { return 0; }, 0};
+    tree.SortChildren(&sort);
+    tree.DeleteItem(deleted);
+    tree.MoveItem(tree["a"], taken, STI_LAST);
+    EXPECT_EQ(fallen->m_nMagic, CVornTreeItem::kMagic);
+    EXPECT_EQ(below->m_nMagic, CVornTreeItem::kMagic);
+    tree.log.Clear();
+  }
+  EXPECT_NE(fallen->m_nMagic, CVornTreeItem::kMagic);
+  EXPECT_NE(below->m_nMagic, CVornTreeItem::kMagic);
+}
+
 TEST(SortChildrenByName, KeepsEqualLabelsTheLaterInFront) {
   TestTree tree;
   tree.Build("root [b A a]");

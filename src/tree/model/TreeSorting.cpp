@@ -46,7 +46,10 @@ int CVornTreeCtrl::SortChildren(STSORTCB* sort) {
       const vorn::SearchResult result = vorn::BinarySearch(
           row.GetSize(), [&](long i) { return compare(row.At(i), child) < 0; },
           [&](long i) { return compare(row.At(i), child) == 0; });
-      if (result.found) return;  // an equal child falls out of the tree, meant
+      if (result.found) {  // an equal child falls out of the tree, meant
+        m_arrFallen.Add(child, nullptr);
+        return;
+      }
       place = result.index;
     }
     row.Insert(child, place);

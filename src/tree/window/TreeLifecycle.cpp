@@ -129,6 +129,7 @@ void CVornTreeCtrl::DeleteHelpers() {
   m_pOptions = nullptr;
   delete m_pRows;
   m_pRows = nullptr;
+  DeleteFallenItems();
   if (m_pRoot != nullptr) {
     CVornTreeItem* const root = m_pRoot;
     root->Detach(true);
@@ -138,6 +139,17 @@ void CVornTreeCtrl::DeleteHelpers() {
   ReleaseRedrawDC();
   delete m_pRedrawDC;
   m_pRedrawDC = nullptr;
+}
+
+// Their handles were good as long as the control.
+void CVornTreeCtrl::DeleteFallenItems() {
+  for (long i = 0; i < m_arrFallen.GetSize(); ++i) {
+    CVornTreeItem* const item = m_arrFallen[i];
+    if (!IsOwnItem(item) || item->m_pParent != nullptr || item == m_pRoot) continue;
+    item->Detach(true);
+    delete item;
+  }
+  m_arrFallen.RemoveAll();
 }
 
 // --- The window ------------------------------------------------------------------------------------
