@@ -126,7 +126,7 @@ HANDLE FindFirstFileW(LPCWSTR pattern, LPWIN32_FIND_DATAW data) {
   search->folder = path.substr(0, path.size() - wanted.size());
   const bool all = wanted == "*.*";
   if (!desktop::ListFolder(*search, all ? L"*" : desktop::WideFromUtf8(wanted))) {
-    SetLastError(ERROR_PATH_NOT_FOUND);
+    SetLastError(errno == EACCES ? ERROR_ACCESS_DENIED : ERROR_PATH_NOT_FOUND);
     return INVALID_HANDLE_VALUE;
   }
   if (!desktop::FillNext(*search, *data)) {
