@@ -1,33 +1,28 @@
-// A whole host application: a window that is painted without flicker.
+// A whole host application: a frame around a tree whose folders are read when they are opened.
 #include <VornComCtl.h>
 
-#include <cstdio>
-
-class Panel : public CWnd {
-  void OnPaint() {
-    CVornDC dc;
-    if (!dc.BeginPaint(this)) return;
-    dc.FillBack(RGB(20, 120, 220));
-    dc.EndPaint(nullptr);
+class HostTree : public CVornTreeCtrl {
+  int OnItemExpanding(CVornTreeItem* item) override {  // 0 would keep the item closed
+    if (GetItemState(item, STIS_HASCHILDREN)) InsertItem(L"Read when opened", -1, -1, item);
+    return 1;
   }
-  DECLARE_MESSAGE_MAP()
 };
-BEGIN_MESSAGE_MAP(Panel, CWnd)
-  ON_WM_PAINT()
-END_MESSAGE_MAP()
 
-CWinApp theApp;
-
-int main() {
-  if (!AfxInitVornComCtl()) return 1;
-  Panel panel;
-  if (!panel.CreateEx(0, AfxRegisterWndClass(0), L"Host", WS_POPUP | WS_VISIBLE, CRect(10, 10, 90, 60),
-                      nullptr, 0)) {
-    return 2;
+class HostFrame : public CFrameWnd {
+  BOOL OnCreateClient(LPCREATESTRUCTW, CCreateContext*) override {
+    const DWORD style = WS_CHILD | WS_VISIBLE | STS_HASBUTTONS | STS_HASLINES | STS_LINESATROOT;
+    if (!m_tree.CreateTreeCtrl(style, CRect(), this, AFX_IDW_PANE_FIRST)) return FALSE;
+    m_tree.ModifyItemState(m_tree.InsertItem(L"A folder", -1, -1), 0, STIS_HASCHILDREN);
+    return TRUE;
   }
-  panel.UpdateWindow();
-  const COLORREF seen = CClientDC(&panel).GetPixel(5, 5);
-  panel.DestroyWindow();
-  std::printf("%s: painted %06lx\n", VORNCOMCTL_get_module_info(1), static_cast<unsigned long>(seen));
-  return seen == RGB(20, 120, 220) ? 0 : 3;
-}
+  HostTree m_tree;
+};
+
+class HostApp : public CWinApp {
+  BOOL InitInstance() override {
+    auto* const frame = new HostFrame;  // deletes itself with its window
+    if (!frame->Create(nullptr, L"Host")) return FALSE;
+    m_pMainWnd = frame;
+    return frame->ShowWindow(SW_SHOW), TRUE;
+  }
+} theApp;
