@@ -37,7 +37,7 @@ class AboutPage : public GalleryPage {
 
   CString Title() const override { return L"À propos"; }
   CString Subtitle() const override {
-    return L"L'identité de la bibliothèque, telle qu'elle la donne elle-même";
+    return L"L’identité de la bibliothèque, telle qu’elle la donne elle-même";
   }
 
   void Paint(CDC& dc, const CRect& area, theme::Fonts& fonts) override {

@@ -15,6 +15,8 @@ constexpr int kMargin = 24;
 }  // namespace
 
 BEGIN_MESSAGE_MAP(CClientView, CWnd)
+  ON_WM_CREATE()
+  ON_WM_SETFOCUS()
   ON_WM_PAINT()
   ON_WM_ERASEBKGND()
   ON_WM_SIZE()
@@ -25,7 +27,8 @@ BEGIN_MESSAGE_MAP(CClientView, CWnd)
 END_MESSAGE_MAP()
 
 CClientView::CClientView(const CommandLine& commandLine) {
-  m_pages.push_back(MakeWelcomePage(commandLine));
+  m_pages.push_back(MakeTreePage(commandLine));
+  m_pages.push_back(MakeWelcomePage());
   m_pages.push_back(MakeDrawingPage());
   m_pages.push_back(MakeAboutPage());
 }
@@ -35,9 +38,54 @@ BOOL CClientView::PreCreateWindow(CREATESTRUCTW& cs) {
   return CWnd::PreCreateWindow(cs);
 }
 
+int CClientView::OnCreate(LPCREATESTRUCTW lpCreateStruct) {
+  if (CWnd::OnCreate(lpCreateStruct) == -1) return -1;
+  for (const auto& page : m_pages) {
+    if (!page->Create(*this)) return -1;
+  }
+  return 0;
+}
+
 void CClientView::ShowPage(int page) {
   m_current = std::clamp(page, 0, PageCount() - 1);
-  if (m_hWnd != nullptr) Invalidate(FALSE);
+  if (m_hWnd == nullptr) return;
+  PlaceWindows();
+  Invalidate(FALSE);
+  // The view may have the focus already, and would not hear of it again.
+  CWnd* const window = Page().Window();
+  (window != nullptr ? window : this)->SetFocus();
+}
+
+void CClientView::PlaceWindows() {
+  for (const auto& page : m_pages) {
+    CWnd* const window = page->Window();
+    if (window == nullptr) continue;
+    window->MoveWindow(PageArea());
+    window->ShowWindow(page.get() == &Page() ? SW_SHOWNA : SW_HIDE);
+  }
+}
+
+void CClientView::Start() {
+  for (const auto& page : m_pages) page->Start();
+}
+
+bool CClientView::Idle() {
+  bool more = false;
+  for (const auto& page : m_pages) more |= page->Idle();
+  if (Page().Subtitle() != m_subtitle) InvalidateRect(HeadArea(), FALSE);
+  return more;
+}
+
+CString CClientView::Detail() const {
+  CString detail = Page().Detail();
+  if (detail.IsEmpty()) detail.Format(L"Tampon\u00A0: %d × %d", m_lastBuffer.cx, m_lastBuffer.cy);
+  return detail;
+}
+
+BOOL CClientView::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo) {
+  CWnd* const window = Page().Window();
+  if (window != nullptr && window->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo)) return TRUE;
+  return CWnd::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
 }
 
 // ---- Layout ------------------------------------------------------------------------------------------
@@ -90,12 +138,11 @@ void CClientView::OnPaint() {
   dc.FillBack(theme::kPaper);
   PaintList(dc);
   PaintHead(dc);
-  GalleryPage& page = *m_pages[static_cast<size_t>(m_current)];
-  page.Paint(dc, PageArea(), m_fonts);
+  Page().Paint(dc, PageArea(), m_fonts);
   dc.EndPaint(nullptr);
-  const CRect stale = page.NotePaint(buffer, PageArea());
+  const CRect stale = Page().NotePaint(buffer, PageArea());
   if (!stale.IsRectEmpty()) InvalidateRect(stale, FALSE);
-  if (m_onPainted) m_onPainted(buffer);
+  m_lastBuffer = buffer;
 }
 
 void CClientView::PaintList(CDC& dc) {
@@ -126,21 +173,26 @@ void CClientView::PaintEntry(CDC& dc, int page) {
 }
 
 void CClientView::PaintHead(CDC& dc) {
-  const GalleryPage& page = *m_pages[static_cast<size_t>(m_current)];
   const CRect head = HeadArea();
   dc.FillSolidRect(head, theme::kCard);
   dc.FillSolidRect(CRect(head.left, head.bottom - 1, head.right, head.bottom), theme::kLine);
   CRect text(head);
   text.DeflateRect(kMargin, 16, kMargin, 0);
-  text.top += theme::Text(dc, m_fonts.title, theme::kInk, page.Title(), text) + 2;
-  theme::Text(dc, m_fonts.body, theme::kMuted, page.Subtitle(), text);
+  text.top += theme::Text(dc, m_fonts.title, theme::kInk, Page().Title(), text) + 2;
+  m_subtitle = Page().Subtitle();
+  theme::Text(dc, m_fonts.body, theme::kMuted, m_subtitle, text);
 }
 
 // ---- Input -------------------------------------------------------------------------------------------
 
 void CClientView::OnSize(UINT nType, int cx, int cy) {
   CWnd::OnSize(nType, cx, cy);
+  PlaceWindows();
   Invalidate(FALSE);
+}
+
+void CClientView::OnSetFocus(CWnd*) {
+  if (Page().Window() != nullptr) Page().Window()->SetFocus();
 }
 
 void CClientView::SetHot(int page) {
@@ -155,7 +207,7 @@ void CClientView::OnMouseMove(UINT, CPoint point) {
   TRACKMOUSEEVENT request = {sizeof request, TME_LEAVE, m_hWnd, 0};
   ::_TrackMouseEvent(&request);
   SetHot(EntryAt(point));
-  const CRect stale = m_pages[static_cast<size_t>(m_current)]->TrackMouse(point, PageArea());
+  const CRect stale = Page().TrackMouse(point, PageArea());
   if (!stale.IsRectEmpty()) InvalidateRect(stale, FALSE);
 }
 

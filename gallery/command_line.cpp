@@ -28,6 +28,10 @@ CommandLine ParseCommandLine(LPCWSTR arguments) {
       result.screenshot = TakeWord(rest);
     } else if (word == L"--page") {
       result.page = Number(TakeWord(rest)) - 1;
+    } else if (word == L"--select") {
+      result.selected = TakeWord(rest);
+    } else if (word == L"--fill") {
+      result.fill = Number(TakeWord(rest));
     } else if (word == L"--size") {
       const CString size = TakeWord(rest);
       result.size = CSize(Number(size), Number(size.Mid(size.Find(L'x') + 1)));

@@ -3,11 +3,13 @@
 
 #include <afxwin.h>
 
-//   gallery [--page number] [--size WxH] [--screenshot file] [folder]
+//   gallery [--page number] [--size WxH] [--select path] [--fill count] [--screenshot file] [folder]
 struct CommandLine {
-  CString folder;      // shown on the first page; empty for none
+  CString folder;      // shown on the tree's page; empty leaves it to the gallery
+  CString selected;    // below the folder: opened and selected; empty for the folder itself
   CString screenshot;  // a picture of the window goes there, and the program ends; empty for none
   int page = 0;        // the page at first, from 0
+  int fill = 0;        // items that are added to the tree
   CSize size;          // of the window, pixels; 0 leaves it to the gallery
 };
 

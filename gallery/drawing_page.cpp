@@ -23,7 +23,7 @@ class DrawingPage : public GalleryPage {
  public:
   CString Title() const override { return L"Dessin"; }
   CString Subtitle() const override {
-    return L"Déplacez la souris sur la roue : seule la loupe est repeinte";
+    return L"Déplacez la souris sur la roue\u00A0: seule la loupe est repeinte";
   }
 
   void Paint(CDC& dc, const CRect& area, theme::Fonts& fonts) override {
@@ -130,7 +130,7 @@ class DrawingPage : public GalleryPage {
     inside.top += theme::Text(dc, fonts.heading, theme::kInk, L"Les tampons", inside) + 6;
     inside.top +=
         theme::Text(dc, fonts.body, theme::kMuted,
-                    L"Surface des derniers tampons copiés à l'écran, en pixels.", inside, DT_WORDBREAK) +
+                    L"Surface des derniers tampons copiés à l’écran, en pixels.", inside, DT_WORDBREAK) +
         12;
     CRect last(inside);
     last.top = last.bottom - 18;

@@ -1,13 +1,28 @@
-// What a folder holds.
+// What a folder holds, in the order in which the gallery shows it.
 #pragma once
 
 #include <afxwin.h>
 
-struct FolderSummary {
-  bool found = false;
-  int folders = 0;
-  int files = 0;
-  unsigned long long bytes = 0;  // of the files, without those of folders below
+#include <vector>
+
+struct FolderEntry {
+  CString name;
+  bool isFolder = false;
+  bool isHidden = false;
 };
 
-FolderSummary SummarizeFolder(const CString& path);
+struct FolderContent {
+  DWORD error = ERROR_SUCCESS;  // why it could not be read; there are no entries then
+  std::vector<FolderEntry> entries;
+};
+
+// Folders first, then files, each by name without regard to case.
+FolderContent ReadFolder(const CString& path);
+
+CString JoinPath(const CString& folder, const CString& name);
+// The last part of a path; a root gives itself.
+CString PathName(const CString& path);
+// A sentence for a person.
+CString FolderErrorText(DWORD error);
+// What the gallery opens when it is told nothing.
+CString DefaultFolder();

@@ -4,15 +4,9 @@
 
 namespace {
 
-constexpr UINT kPanes[] = {ID_SEPARATOR, IDS_PANE_BUFFER, IDS_PANE_SIZE};
-constexpr int kBufferPane = 1;
-constexpr int kSizePane = 2;
-
-CString SizeText(LPCWSTR label, CSize size) {
-  CString text;
-  text.Format(L"%s : %d × %d", label, size.cx, size.cy);
-  return text;
-}
+constexpr UINT kPanes[] = {ID_SEPARATOR, IDS_PANE_DETAIL, IDS_PANE_STATE};
+constexpr int kDetailPane = 1;
+constexpr int kStatePane = 2;
 
 }  // namespace
 
@@ -21,7 +15,6 @@ IMPLEMENT_DYNAMIC(CMainFrame, CFrameWnd)
 BEGIN_MESSAGE_MAP(CMainFrame, CFrameWnd)
   ON_WM_CREATE()
   ON_WM_SETFOCUS()
-  ON_WM_SIZE()
   ON_WM_GETMINMAXINFO()
   ON_COMMAND_RANGE(ID_PAGE_FIRST, ID_PAGE_LAST, &CMainFrame::OnPage)
   ON_UPDATE_COMMAND_UI_RANGE(ID_PAGE_FIRST, ID_PAGE_LAST, &CMainFrame::OnUpdatePage)
@@ -37,32 +30,55 @@ CMainFrame::CMainFrame(const CommandLine& commandLine) : m_view(commandLine), m_
 }
 
 BOOL CMainFrame::PreCreateWindow(CREATESTRUCTW& cs) {
-  cs.x = 32;
+  cs.x = 22;
   cs.y = 24;
-  cs.cx = m_size.cx > 0 ? m_size.cx : 900;
-  cs.cy = m_size.cy > 0 ? m_size.cy : 600;
+  cs.cx = m_size.cx > 0 ? m_size.cx : 980;
+  cs.cy = m_size.cy > 0 ? m_size.cy : 680;
   return CFrameWnd::PreCreateWindow(cs);
 }
 
 int CMainFrame::OnCreate(LPCREATESTRUCTW lpCreateStruct) {
   if (CFrameWnd::OnCreate(lpCreateStruct) == -1) return -1;
-  if (!m_view.Create(nullptr, nullptr, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, CRect(), this,
-                     AFX_IDW_PANE_FIRST)) {
+  if (!m_view.Create(nullptr, nullptr, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, CRect(),
+                     this, AFX_IDW_PANE_FIRST)) {
     return -1;
   }
   if (!m_statusBar.Create(this) || !m_statusBar.SetIndicators(kPanes, 3)) return -1;
-  m_view.OnPainted(
-      [this](CSize buffer) { m_statusBar.SetPaneText(kBufferPane, SizeText(L"Tampon", buffer)); });
-  return 0;
+  return m_progress.Create(WS_CHILD, CRect(), &m_statusBar, 1) ? 0 : -1;
+}
+
+BOOL CMainFrame::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo) {
+  return m_view.OnCmdMsg(nID, nCode, pExtra, pHandlerInfo) ||
+         CFrameWnd::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
+}
+
+bool CMainFrame::Idle() {
+  const bool more = m_view.Idle();
+  ShowText(kDetailPane, m_view.Detail());
+  ShowText(kStatePane, m_view.Page().State());
+  ShowProgress(m_view.Page().Progress());
+  return more;
+}
+
+void CMainFrame::ShowText(int pane, const CString& text) {
+  if (m_statusBar.GetPaneText(pane) != text) m_statusBar.SetPaneText(pane, text);
+}
+
+void CMainFrame::ShowProgress(int percent) {
+  if (percent < 0) {
+    if (m_progress.IsWindowVisible()) m_progress.ShowWindow(SW_HIDE);
+    return;
+  }
+  CRect place;
+  m_statusBar.GetItemRect(kStatePane, place);
+  place.DeflateRect(2, 2);
+  m_progress.MoveWindow(place, FALSE);
+  m_progress.SetPos(percent);
+  m_progress.ShowWindow(SW_SHOWNA);
 }
 
 void CMainFrame::OnSetFocus(CWnd*) {
   if (m_view.m_hWnd != nullptr) m_view.SetFocus();
-}
-
-void CMainFrame::OnSize(UINT nType, int cx, int cy) {
-  CFrameWnd::OnSize(nType, cx, cy);
-  if (m_statusBar.m_hWnd != nullptr) m_statusBar.SetPaneText(kSizePane, SizeText(L"Fenêtre", CSize(cx, cy)));
 }
 
 void CMainFrame::OnGetMinMaxInfo(MINMAXINFO* lpMMI) { lpMMI->ptMinTrackSize = CPoint(480, 320); }

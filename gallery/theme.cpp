@@ -27,15 +27,16 @@ Fonts::Fonts() {
   LOGFONTW font = {};
   ::GetObjectW(::GetStockObject(DEFAULT_GUI_FONT), sizeof font, &font);
   const int height = std::max(std::abs(static_cast<int>(font.lfHeight)), 11);
-  const auto create = [&](CFont& target, int percent, int weight) {
+  const auto create = [&](CFont& target, int percent, LONG weight, BYTE quality = DEFAULT_QUALITY) {
     font.lfHeight = -(height * percent / 100);
     font.lfWeight = weight;
+    font.lfQuality = quality;
     target.CreateFontIndirect(&font);
   };
   create(body, 110, FW_NORMAL);
   create(strong, 110, FW_BOLD);
-  create(heading, 130, FW_BOLD);
-  create(title, 215, FW_BOLD);
+  create(heading, 130, FW_BOLD, ANTIALIASED_QUALITY);
+  create(title, 215, FW_BOLD, ANTIALIASED_QUALITY);
 }
 
 int Text(CDC& dc, CFont& font, COLORREF color, const CString& text, const CRect& area, UINT format) {

@@ -1,9 +1,8 @@
-// The first page: what there is to see.
+// What there is to see, in few words.
 #include <VornComCtl.h>
 
 #include <algorithm>
 
-#include "folder.h"
 #include "page.h"
 
 namespace {
@@ -14,42 +13,30 @@ struct Topic {
   COLORREF color;
 };
 
-CString FolderText(const CommandLine& commandLine) {
-  if (commandLine.folder.IsEmpty()) {
-    return L"Donnez un dossier sur la ligne de commande : son contenu est résumé ici.";
-  }
-  const FolderSummary summary = SummarizeFolder(commandLine.folder);
-  CString text;
-  if (!summary.found) {
-    text.Format(L"%s est introuvable.", commandLine.folder.GetString());
-    return text;
-  }
-  text.Format(L"%s\n%d dossier%s, %d fichier%s, %I64u Kio", commandLine.folder.GetString(), summary.folders,
-              summary.folders > 1 ? L"s" : L"", summary.files, summary.files > 1 ? L"s" : L"",
-              (summary.bytes + 1023) / 1024);
-  return text;
-}
-
 class WelcomePage : public GalleryPage {
  public:
-  explicit WelcomePage(const CommandLine& commandLine) {
+  WelcomePage() {
     CString version;
     version.Format(
-        L"Révision %S, jointe à la chaîne de modules de l'application. Ses classes de fenêtres sont "
-        L"inscrites ; la page « À propos » les montre.",
+        L"Révision %S, jointe à la chaîne de modules de l’application. Ses classes de fenêtres sont "
+        L"inscrites\u00A0; la page «\u00A0À propos\u00A0» les montre.",
         VornComCtl_get_revision());
     m_topics[0] = {L"La bibliothèque", version, theme::kAccent};
-    m_topics[1] = {L"Le dossier", FolderText(commandLine), theme::kGood};
+    m_topics[1] = {L"L’arborescence",
+                   L"Un vrai dossier, lu à mesure qu’on le déplie. Les menus changent chaque style, le mode "
+                   L"de sélection "
+                   L"et l’interligne\u00A0; un journal montre chaque hook.",
+                   theme::kGood};
     m_topics[2] = {
         L"Le dessin",
-        L"Chaque page est peinte hors de l'écran par CVornDC, puis copiée en une fois : agrandissez la "
+        L"Chaque page est peinte hors de l’écran par CVornDC, puis copiée en une fois\u00A0: agrandissez la "
         L"fenêtre, rien ne scintille.",
         RGB(176, 96, 40)};
-    m_topics[3] = {
-        L"Le clavier",
-        L"Ctrl+1 à Ctrl+3 choisissent une page, Ctrl+Tab passe à la suivante, F1 montre l'identité de la "
-        L"bibliothèque.",
-        RGB(120, 80, 150)};
+    m_topics[3] = {L"Le clavier",
+                   L"Ctrl+1 à Ctrl+4 choisissent une page, Ctrl+Tab passe à la suivante. Dans l’arbre\u00A0: "
+                   L"les flèches, "
+                   L"+, −, *, /, Espace, F2, et les premières lettres d’un nom.",
+                   RGB(120, 80, 150)};
   }
 
   CString Title() const override { return L"Bienvenue"; }
@@ -85,6 +72,4 @@ class WelcomePage : public GalleryPage {
 
 }  // namespace
 
-std::unique_ptr<GalleryPage> MakeWelcomePage(const CommandLine& commandLine) {
-  return std::make_unique<WelcomePage>(commandLine);
-}
+std::unique_ptr<GalleryPage> MakeWelcomePage() { return std::make_unique<WelcomePage>(); }
