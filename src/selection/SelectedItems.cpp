@@ -52,7 +52,7 @@ int SelectedItems::Add(CVornTreeItem* const& item, long* index) {
   // With the room ready for all that is gathered, the merge cannot fail.
   const long long room = m_pShared->m_nSize + static_cast<long long>(m_added.size()) + 1;
   if (!m_pShared->Reserve(room)) return 0;
-  if (index != nullptr || IsShortMove(place.index)) return TVornArray::Insert(added, place.index);
+  if (index != nullptr || IsShortMove(place.index)) return m_pShared->Insert(added, place.index);
   if (Gather(m_added, added)) return 1;
   Settle();
   return CVornTreeItemUserArray::Add(added, nullptr);

@@ -513,6 +513,9 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   void HoldRedraw();
   void ReleaseRedraw(int redraw);
   void ReleaseRedrawDC();
+  HFONT AskWindowFont() const;
+  bool SelectHeldFont();
+  void ForgetHeldFont();
   LRESULT OnSetFont(HFONT font, BOOL redraw);
   void DeleteHelpers();
   void DeleteFallenItems();
@@ -558,7 +561,9 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   ItemSpacing m_nItemSpacing = SpacingNormal;
   BOOL m_bHScrollVisible = FALSE;
   BOOL m_bVScrollVisible = FALSE;
-  size_t m_nDeaths = 0;                       // items destroyed since the selection let go of dead ones
+  size_t m_nDeaths = 0;              // items destroyed since the selection let go of dead ones
+  HFONT m_hHeldFont = nullptr;       // the window's font, selected into the DC that is held; null: not yet
+  HGDIOBJ m_hEarlierFont = nullptr;  // what it took the place of
   mutable vorn::RowIndex* m_pRows = nullptr;  // owned; made for the first tree that is worth it
   CVornTreeItemArray m_arrFallen;             // what SortChildren left out; some may be gone
 };

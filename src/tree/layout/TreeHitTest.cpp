@@ -19,13 +19,23 @@ void SetOutsideFlag(const RECT& window, POINT screen, unsigned int* flags) {
   }
 }
 
+// Whether a client point is not in the window at all, for which the flags are set.
+bool IsOutside(HWND hwnd, POINT point, unsigned int* flags) {
+  CRect window;
+  ::GetWindowRect(hwnd, window);
+  ::ClientToScreen(hwnd, &point);
+  if (window.PtInRect(point)) return false;
+  SetOutsideFlag(window, point, flags);
+  return true;
+}
+
 }  // namespace
 
 vorn::RowShape CVornTreeCtrl::ShapeOf(const CVornTreeItem* item) const {
   vorn::RowShape shape;
   shape.level = item->m_nLevel;
   shape.levelOffset = m_bDisplayOnlyActiveDoc == 1 ? 1 : 0;
-  shape.style = ::IsWindow(m_hWnd) ? GetStyle() : 0;
+  shape.style = m_hWnd != nullptr ? static_cast<unsigned int>(::GetWindowLongW(m_hWnd, GWL_STYLE)) : 0;
   shape.indent = vorn::UsableIndent(m_nIndent, shape.level);
   shape.hasCheckBox = item->HasExtFlag(STIX_CHECKBOX) || (shape.style & STS_CHECKBOXES) != 0;
   shape.hasStateImage = item->m_nStateImage != -1;
@@ -37,21 +47,13 @@ vorn::RowShape CVornTreeCtrl::ShapeOf(const CVornTreeItem* item) const {
 CVornTreeItem* CVornTreeCtrl::HitTest(CPoint point, unsigned int* flags) {
   unsigned int ignored = 0;
   if (flags == nullptr) flags = &ignored;
-  if (!::IsWindow(m_hWnd)) return nullptr;
-  CRect window;
-  ::GetWindowRect(m_hWnd, window);
-  CPoint screen = point;
-  ::ClientToScreen(m_hWnd, &screen);
-  if (!window.PtInRect(screen)) {
-    SetOutsideFlag(window, screen, flags);
-    return nullptr;
-  }
+  CRect row;
+  if (!::GetClientRect(m_hWnd, row)) return nullptr;
+  if (!row.PtInRect(point) && IsOutside(m_hWnd, point, flags)) return nullptr;
   CVornTreeItem* item = GetFirstDisplayItem();
   if (item == nullptr) return nullptr;
   const int height = m_rcClient.Height();
   const int rows = GetVisibleCount();
-  CRect row;
-  ::GetClientRect(m_hWnd, row);
   row.OffsetRect(vorn::kRowMargin, 0);
   int sum = 0;
   for (int i = 0; height > 0 && i < rows && item != nullptr; ++i) {

@@ -60,20 +60,50 @@ HFONT HandleOf(const CFont* font) {
 
 }  // namespace
 
+// The font for items that have none of their own.
+HFONT CVornTreeCtrl::AskWindowFont() const {
+  HFONT font = nullptr;
+  // Another thread sends nothing to the window, which may be waiting for it.
+  if (m_hWnd != nullptr && OwnsThread()) {
+    font = reinterpret_cast<HFONT>(::SendMessageW(m_hWnd, WM_GETFONT, 0, 0));
+  }
+  return font != nullptr ? font : HandleOf(&m_Font);
+}
+
+// A burst of items is measured in one font: it is asked for and selected once. false: it is not selected.
+bool CVornTreeCtrl::SelectHeldFont() {
+  if (!OwnsThread()) return false;
+  if (m_hHeldFont != nullptr) return true;
+  HFONT font = AskWindowFont();
+  if (font == nullptr) return false;
+  m_hEarlierFont = ::SelectObject(m_pRedrawDC->GetSafeHdc(), font);
+  if (m_hEarlierFont != nullptr) m_hHeldFont = font;
+  return m_hHeldFont != nullptr;
+}
+
+void CVornTreeCtrl::ForgetHeldFont() {
+  if (m_hHeldFont == nullptr) return;
+  ::SelectObject(m_pRedrawDC->GetSafeHdc(), m_hEarlierFont);
+  m_hHeldFont = nullptr;
+  m_hEarlierFont = nullptr;
+}
+
 int CVornTreeCtrl::GetItemSize(CVornTreeItem* item) {
   if (!IsItemValid(item)) return 0;
   constexpr int kSpacing[] = {2, 10, 15};
   HFONT font = HandleOf(item->m_pFont);
-  // Another thread sends nothing to the window, which may be waiting for it.
-  if (font == nullptr && m_hWnd != nullptr && OwnsThread()) {
-    font = reinterpret_cast<HFONT>(::SendMessageW(m_hWnd, WM_GETFONT, 0, 0));
-  }
-  if (font == nullptr) font = HandleOf(&m_Font);
+  HDC held = m_pRedrawDC != nullptr ? m_pRedrawDC->GetSafeHdc() : nullptr;
+  const bool isSelected = font == nullptr && held != nullptr && SelectHeldFont();
+  if (font == nullptr) font = isSelected ? m_hHeldFont : AskWindowFont();
 
   const CString text = ShownText(*item);
   SIZE size{};
-  HDC held = m_pRedrawDC != nullptr ? m_pRedrawDC->GetSafeHdc() : nullptr;
-  const bool done = held != nullptr ? MeasureOn(held, font, text, &size) : Measure(m_hWnd, font, text, &size);
+  bool done = false;
+  if (isSelected) {
+    done = ::GetTextExtentPoint32W(held, text, text.GetLength(), &size) != FALSE;
+  } else {
+    done = held != nullptr ? MeasureOn(held, font, text, &size) : Measure(m_hWnd, font, text, &size);
+  }
   if (!done) Measure(m_hWnd, font, text, &size);
   const bool known = m_nItemSpacing >= SpacingNormal && m_nItemSpacing <= SpacingLarger;
   item->m_nHeight = size.cy + kSpacing[known ? m_nItemSpacing : SpacingNormal];
@@ -143,6 +173,7 @@ void CVornTreeCtrl::SetFont(CFont* font, int redraw) {
   } else if (!::SystemParametersInfoW(SPI_GETICONTITLELOGFONT, sizeof(logFont), &logFont, 0)) {
     return;
   }
+  ForgetHeldFont();
   m_Font.DeleteObject();
   m_Font.CreateFontIndirect(&logFont);
   m_nDefaultHeight = vorn::HeightOfFont(logFont);

@@ -279,6 +279,7 @@ LRESULT CVornTreeCtrl::OnSetFont(HFONT font, BOOL redraw) {
   // The font may be the present one, sent by SetFont itself.
   HFONT copy = ::CreateFontIndirectW(&logFont);
   if (copy == nullptr) return 0;
+  ForgetHeldFont();
   m_Font.DeleteObject();
   m_Font.Attach(copy);
   if (m_pOptions != nullptr) {

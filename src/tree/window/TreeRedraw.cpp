@@ -54,6 +54,7 @@ void CVornTreeCtrl::ReleaseRedraw(int redraw) {
 // The object stays for next time.
 void CVornTreeCtrl::ReleaseRedrawDC() {
   if (m_pRedrawDC == nullptr || m_pRedrawDC->GetSafeHdc() == nullptr) return;
+  ForgetHeldFont();
   HDC dc = m_pRedrawDC->Detach();
   ::ReleaseDC(::WindowFromDC(dc), dc);
 }
