@@ -30,9 +30,11 @@ class VORNCOMCTL_API CVornTreeEdit : public CEdit {
   // The control ends the edit itself: EndEdit does nothing from now on.
   void MarkEnding() { m_bEnding = TRUE; }
 
- protected:
   virtual BOOL PreCreateWindow(CREATESTRUCTW& cs) override;
+  // Swallows characters typed with Alt.
   virtual BOOL PreTranslateMessage(MSG* message) override;
+
+ protected:
   virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
   afx_msg void OnChar(UINT character, UINT repeat, UINT flags);
   afx_msg UINT OnGetDlgCode();

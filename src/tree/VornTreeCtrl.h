@@ -77,6 +77,12 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   int EnableAutoSelection(int enable);
   int IsAutoSelectionEnabled() { return m_bAutoSelection; }
 
+  // Completes the control when it gets its window, made or taken over from a dialog.
+  virtual void PreSubclassWindow() override;
+  // Takes the keys that the control knows ahead of the host, and the letters of type-ahead; none while a
+  // label is edited.
+  virtual BOOL PreTranslateMessage(MSG* message) override;
+
   CVornTreeDrag* GetDragManager() { return m_pDrag; }
   CVornTreeSelection* GetSelectionManager() const { return m_pSelection; }
 
@@ -409,8 +415,6 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
 
   static constexpr UINT kUpdateTreeMessage = WM_USER + 1000;  // asks the window's thread for UpdateTree
 
-  virtual void PreSubclassWindow() override;
-  virtual BOOL PreTranslateMessage(MSG* message) override;
   virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
   afx_msg int OnCreate(LPCREATESTRUCTW create);
   afx_msg void OnDestroy();

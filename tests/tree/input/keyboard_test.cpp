@@ -24,8 +24,7 @@ class Keyboard : public testing::Test {
   }
   BOOL Translate(UINT message, WPARAM wParam, LPARAM lParam = 1) {
     MSG m{tree, message, wParam, lParam, 0, {}};
-    CWnd& window = tree;
-    return window.PreTranslateMessage(&m);
+    return tree.PreTranslateMessage(&m);
   }
   bool IsWhollyInvalid() {
     RECT invalid{}, client{};

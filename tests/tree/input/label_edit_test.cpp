@@ -218,7 +218,7 @@ TEST_F(OpenEdit, ControlASelectsEverything) {
 }
 
 TEST_F(OpenEdit, CharactersWithAltAreSwallowed) {
-  CWnd* const box = edit;
+  auto* const box = static_cast<CVornTreeEdit*>(edit);
   MSG message{Box(), WM_SYSCHAR, 'x', 1, 0, {}};
   EXPECT_TRUE(box->PreTranslateMessage(&message));
   message.message = WM_CHAR;

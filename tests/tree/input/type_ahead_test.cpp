@@ -137,10 +137,9 @@ TEST_F(TypeAhead, KeysAreNotUsedWithoutAFocusRowsOrPermission) {
 TEST_F(TypeAhead, ACharacterWithoutLParamIsNotTaken) {
   scene.Start("Alpha");
   MSG message{tree, WM_CHAR, 'b', 0, 0, {}};
-  CWnd& window = tree;
-  EXPECT_FALSE(window.PreTranslateMessage(&message));
+  EXPECT_FALSE(tree.PreTranslateMessage(&message));
   message.lParam = 1;
-  EXPECT_TRUE(window.PreTranslateMessage(&message));
+  EXPECT_TRUE(tree.PreTranslateMessage(&message));
   EXPECT_EQ(Focus(), "Beta");
 }
 
@@ -170,8 +169,7 @@ TEST_F(TypeAhead, TheThirtyFirstLetterGoesToTheHost) {
   for (int i = 0; i < 30; ++i) EXPECT_EQ(tree.OnTypeAhead('x', 1), 1) << i;
   EXPECT_EQ(tree.OnTypeAhead('x', 1), 0);
   MSG message{tree, WM_CHAR, 'x', 1, 0, {}};
-  CWnd& window = tree;
-  EXPECT_FALSE(window.PreTranslateMessage(&message));
+  EXPECT_FALSE(tree.PreTranslateMessage(&message));
   InputScene::PauseTyping();
   EXPECT_EQ(tree.OnTypeAhead('d', 1), 1);
   EXPECT_EQ(Focus(), "Delta");
