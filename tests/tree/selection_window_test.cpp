@@ -96,10 +96,11 @@ TEST_F(RowsInWindow, AClickOnTheSoleSelectedItemOpensItsEditLater) {
 TEST_F(RowsInWindow, WithoutCurrentOptionsTheEditOpensAfterTheOrdinaryTime) {
   Create(STS_EDITLABELS);
   Build("root [Alpha]");
+  Click("Alpha");
   { TestTree other; }  // takes the current options along
   ASSERT_EQ(AfxGetVornTreeOptions(), nullptr);
-  Click("Alpha");
-  Click("Alpha");
+  tree.GetSelectionManager()->OnLButtonDown(tree["Alpha"]);
+  tree.GetSelectionManager()->OnLButtonUp(tree["Alpha"]);
   support::PumpFor(kShortOfEdit);
   EXPECT_EQ(tree.GetEditControl(), nullptr);
   support::PumpFor(kPastEdit);
@@ -381,6 +382,7 @@ TEST_F(RowsInWindow, ACountThatOutlivedItsRowsIsPassed) {
   tree.DeleteAllItems(tree["a"]);
   ASSERT_EQ(tree.GetVisibleChildCount(tree["a"]), 1u);
   tree.SetItemVisibility(tree["a"], 1);
+  EXPECT_EQ(tree.GetLastVisibleItem(tree["a"]), tree["a"]);
   tree.SetScrollPos(SB_VERT, 2);
   tree.UpdateTree();
   support::Pump();

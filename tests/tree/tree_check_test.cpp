@@ -64,6 +64,8 @@ TEST_F(TreeCheck, FindsARootThatIsNotOnTop) {
   EXPECT_EQ(With(root->m_nLevel, 1), "the root is not on top");
   EXPECT_EQ(With(root->m_pParent, tree["a"]), "the root is not on top");
   EXPECT_EQ(With(root->m_pNextSibling, tree["a"]), "the root has a sibling");
+  EXPECT_EQ(With(root->m_pPrevSibling, tree["a"]), "the root has a sibling");
+  EXPECT_EQ(With(root->m_nMagic, 7u), "the root is dead");
   EXPECT_EQ(With(root->m_pTree, static_cast<CVornTreeCtrl*>(nullptr)), "the root belongs to another control");
 }
 
@@ -104,6 +106,18 @@ TEST_F(TreeCheck, FindsWhatAManagerMustNotHold) {
   for (int i = 0; i < 2; ++i) saved.Add(tree["a"], nullptr);
   EXPECT_EQ(CheckTree(tree), "the saved selection is not in order") << "twice the same";
   saved.RemoveAll();
+}
+
+TEST_F(TreeCheck, FindsADocumentThatIsGone) {
+  tree.EnableSelectionByDocuments(1);
+  CVornTreeItem* const document = tree["d"];
+  tree.UpdateSelection(document, STUS_ACTIVATE);
+  // Sorting drops the second of two equal ones, which stays alive.
+  STSORTCB all{tree.GetRootItem(), [](LPARAM, LPARAM, LPARAM) { return 0; }, 0};
+  tree.SortChildren(&all);
+  ASSERT_EQ(tree["d"], nullptr);
+  EXPECT_EQ(With(document->m_nMagic, 7u), "a document is gone");
+  tree.MoveItem(STI_ROOT, document, STI_LAST);
 }
 
 TEST_F(TreeCheck, LetsAnEmptyControlPass) {

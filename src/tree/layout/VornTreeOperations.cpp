@@ -30,7 +30,7 @@ CVornTreeItem* CVornTreeOperations::FindVisibleByIndex(int* index, CVornTreeItem
   if (start == nullptr) return nullptr;
   const CVornTreeItem* const above = start->m_pParent;
   CVornTreeItem* item = start;
-  while (item != nullptr) {
+  while (true) {
     if (!item->IsHidden()) {
       if (*index == 0) return item;
       --*index;
@@ -45,11 +45,10 @@ CVornTreeItem* CVornTreeOperations::FindVisibleByIndex(int* index, CVornTreeItem
     }
     item = item->m_pNextSibling;
   }
-  return nullptr;
 }
 
 CVornTreeItem* CVornTreeOperations::GetDocumentOf(CVornTreeItem* item) const {
-  if (!IsItemValid(item) || (m_pTree != nullptr && item == m_pTree->m_pRoot)) return nullptr;
+  if (!IsItemValid(item) || item == m_pTree->m_pRoot) return nullptr;
   while (CVornTreeItem* parent = item->GetParentItem()) item = parent;
   return item;
 }
@@ -72,7 +71,7 @@ void CVornTreeOperations::OnItemVisibilityChanged(CVornTreeItem* item, int visib
   const int rows = parent->IsExpanded() ? item->m_nVisibleDescendants + 1 : 0;
   parent->m_nHiddenDescendants -= sign;
   parent->m_nVisibleDescendants += sign * rows;
-  if (parent->IsHidden() || !parent->IsExpanded() || rows == 0) return;
+  if (parent->IsHidden() || !parent->IsExpanded()) return;
   AddRowsUpward(parent->m_pParent, sign * rows);
 }
 

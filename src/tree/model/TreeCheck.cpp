@@ -97,7 +97,8 @@ class TreeWalker {
       if (child->m_pShortcutTarget == child) return Wrong(child, "stands for itself");
       before = child;
     }
-    return item->m_pLastChild == before || Wrong(item, "last child is another");
+    if (item->m_pLastChild != before) return Wrong(item, "last child is another");
+    return true;
   }
 
   bool CheckCounts(const CVornTreeItem* item) {
@@ -145,7 +146,8 @@ class TreeWalker {
       }
       before = document.pDocument;
     }
-    return activeIsThere || WrongHere("the active document", "is not among the documents");
+    if (!activeIsThere) return WrongHere("the active document", "is not among the documents");
+    return true;
   }
 
   bool CheckManager(const CVornTreeSelection& manager, const char* who) {
