@@ -75,7 +75,7 @@ void AddOpenings(CGalleryTree& tree, CVornTreeItem* samples) {
                        STIS_HASCHILDREN);
   CVornTreeItem* const closed =
       tree.Add(openings, L"Refuse de se déplier", Picture::kFolder, ItemKind::kNoOpening);
-  tree.Add(closed, L"Jamais vu", Picture::kBall);
+  tree.Add(closed, L"Seul «\u00A0Tout déplier\u00A0» le montre", Picture::kBall);
   CVornTreeItem* const hiding = tree.Add(openings, L"Cache deux enfants sur trois", Picture::kFolder);
   for (LPCWSTR text : {L"Premier", L"Deuxième", L"Troisième"}) tree.Add(hiding, text, Picture::kBall);
   tree.SetItemVisibility(tree.GetChildItem(hiding), 0);

@@ -231,6 +231,21 @@ TEST_F(TreePage, FillingAddsADocumentOfAllItsItemsInGroups) {
   EXPECT_EQ(Narrow(Pane().State()).rfind("25\u00A0500\u00A0éléments en ", 0), 0u);
 }
 
+TEST_F(TreePage, TheHorizontalBarStaysWhileTheTreeIsFilled) {
+  Open();
+  Tree().Expand(Item(L"Échantillons"), STE_EXPANDALL);
+  Run();
+  int least = 0;
+  int before = 0;
+  int after = 0;
+  ASSERT_TRUE(::GetScrollRange(Tree(), SB_HORZ, &least, &before));
+  EXPECT_GT(before, 0);
+  Pane().Fill(20000);
+  Pane().Idle();
+  ASSERT_TRUE(::GetScrollRange(Tree(), SB_HORZ, &least, &after));
+  EXPECT_EQ(after, before);
+}
+
 TEST_F(TreePage, EscapeInterruptsAFilling) {
   Open();
   Pane().Fill(25000);
