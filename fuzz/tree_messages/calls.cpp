@@ -127,8 +127,7 @@ void Resize(Scene& scene, const Step& step) {
 }
 
 void EndTheWindow(Scene& scene, const Step& step) {
-  if (step.second % 16 != 0) return scene.CreateWindowAnew();
-  if (scene.tree.GetSafeHwnd() != nullptr) scene.tree.DestroyWindow();
+  if (step.second % 16 == 0 && scene.tree.GetSafeHwnd() != nullptr) scene.tree.DestroyWindow();
 }
 
 void EndTheBox(Scene& scene, const Step& step) {
@@ -162,7 +161,6 @@ const Call kCalls[] = {
     ChangeStyle,
     ChangeStyle,
     Resize,
-    EndTheWindow,
     EndTheWindow,
     EndTheBox,
     ShowABox,

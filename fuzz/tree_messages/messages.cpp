@@ -104,11 +104,11 @@ constexpr MessageKind kMessages[] = {
     {EM_UNDO, Parameters::Numbers},
     {EM_REPLACESEL, Parameters::TextIn},
     {WM_CREATE, Parameters::Creation},
-    {WM_CLOSE, Parameters::Numbers},
 };
 
 // Rare ones, that end something.
-constexpr MessageKind kEnds[] = {{WM_DESTROY, Parameters::Numbers}, {WM_NCDESTROY, Parameters::Numbers}};
+constexpr MessageKind kEnds[] = {
+    {WM_CLOSE, Parameters::Numbers}, {WM_DESTROY, Parameters::Numbers}, {WM_NCDESTROY, Parameters::Numbers}};
 
 constexpr UINT kKeys[] = {VK_UP,       VK_DOWN,   VK_LEFT,     VK_RIGHT, VK_HOME, VK_END,
                           VK_PRIOR,    VK_NEXT,   VK_SPACE,    VK_F2,    VK_ADD,  VK_RETURN,

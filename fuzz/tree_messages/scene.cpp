@@ -172,6 +172,8 @@ void Scene::Play(const Step& step) {
   --m_depth;
   if (m_depth > 0) return;
   Pump();
+  // A while without a window, but not for long.
+  if (step.third % 8 == 0) CreateWindowAnew();
   if (tree.GetRootItem() != nullptr && tree.GetCount() > kMostItems) tree.DeleteAllItems(STI_ROOT);
 }
 
