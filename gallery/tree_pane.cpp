@@ -198,8 +198,11 @@ void CTreePane::OnPaint() {
   head.bottom = head.top + kLogHead;
   dc.FillSolidRect(CRect(head.left, head.bottom - 1, head.right, head.bottom), theme::kLine);
   head.DeflateRect(12, 0, 2 * kButtonWidth + 24, 0);
-  theme::Text(dc, m_fonts.heading, theme::kInk, L"Journal", head,
-              DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS);
+  constexpr int kTitleRoom = 60;
+  if (head.Width() >= kTitleRoom) {
+    theme::Text(dc, m_fonts.heading, theme::kInk, L"Journal", head,
+                DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS);
+  }
   const CPoint middle = Gap().CenterPoint();
   for (const int y : {-8, 0, 8}) theme::Disc(dc, CPoint(middle.x, middle.y + y), 1, theme::kMuted);
   dc.EndPaint(nullptr);
