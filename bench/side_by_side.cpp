@@ -311,18 +311,18 @@ double Measure(HWND host, Column& column, size_t rowNumber, size_t count) {
   double best = 0;
   const int rounds = count < 100000 ? 3 : count < kMost ? 2 : 1;
   for (int round = 0; round < rounds; ++round) {
-    const double begin = Now();
+    const Stopwatch whole;
     const std::unique_ptr<Contender> control = column.make(host);
     Scene scene{*control, count, {}};
     TakeMessages();
     row.prepare(scene);
     TakeMessages();
-    const double start = Now();
+    const Stopwatch watch;
     for (int i = 0; i < row.times; ++i) row.act(scene);
-    const double took = (Now() - start) / row.times;
+    const double took = watch.Elapsed() / row.times;
     if (round == 0 || took < best) best = took;
     TakeMessages();
-    column.whole[rowNumber] = Now() - begin;
+    column.whole[rowNumber] = whole.Elapsed();
   }
   return best;
 }

@@ -38,6 +38,7 @@ struct Row {
   const char* name;
   std::function<void(Scene&, size_t)> prepare;
   std::function<void(Scene&, size_t)> act;
+  size_t times = 0;  // single operations that act consists of; 0: one for each item
 };
 
 void Nothing(Scene&, size_t) {}
@@ -59,6 +60,18 @@ void SelectAll(Scene& scene, size_t count) {
 
 void SortNames(Scene& scene, size_t) { scene.tree.SortChildrenByName(scene.tree.GetRootItem()); }
 
+void FlatSorted(Scene& scene, size_t count) {
+  Flat(scene, count);
+  SortNames(scene, count);
+}
+
+// In the order of the rows, which is not that of the items' making.
+void SelectRows(Scene& scene, size_t) {
+  CVornTreeCtrl& tree = scene.tree;
+  tree.GetSelectionManager()->SelectRange(tree.GetFirstVisibleItem(),
+                                          tree.GetLastVisibleItem(tree.GetRootItem()));
+}
+
 void SortData(Scene& scene, size_t) {
   STSORTCB sort{scene.tree.GetRootItem(), [](LPARAM a, LPARAM b, LPARAM) { return a > b ? -1 : a < b; }, 0};
   scene.tree.SortChildren(&sort);
@@ -70,9 +83,11 @@ void DeleteHalf(Scene& scene, size_t count) {
   for (size_t i = 0; i < count / 2; ++i) scene.tree.DeleteItem(scene.items[random() % count]);
 }
 
+constexpr size_t kPaths = 1000;
+
 void PathLookups(Scene& scene, size_t) {
   CString path;
-  for (size_t i = 0; i < 1000; ++i) {
+  for (size_t i = 0; i < kPaths; ++i) {
     scene.tree.GetItemFullText(scene.items[i * 7919 % scene.items.size()], path);
     scene.tree.GetItemFromFullPathName(path);
   }
@@ -90,8 +105,9 @@ const Row kRows[] = {
     {"find by label, last of flat", Flat,
      [](Scene& s, size_t n) { s.tree.GetItemFromName(g_labels[n - 1]); }},
     {"find by data, last of flat", Flat, [](Scene& s, size_t n) { s.tree.GetItemFromItemData(n); }},
-    {"1000 paths there and back, fan", FillFan, PathLookups},
+    {"path of an item and back, fan", FillFan, PathLookups, kPaths},
     {"select a range of all, flat", Flat, SelectAll},
+    {"select a range of all, sorted", FlatSorted, SelectRows},
     {"clear that selection", [](Scene& s, size_t n) { Flat(s, n), SelectAll(s, n); },
      [](Scene& s, size_t) { s.tree.ClearSelection(nullptr); }},
     {"sort by label, flat", Flat, SortNames},
@@ -104,14 +120,14 @@ const Row kRows[] = {
 
 double Measure(const Row& row, size_t count) {
   double best = 0;
-  for (int round = 0; round < (count < 1000000 ? 3 : 1); ++round) {
+  for (int round = 0; round < (count < 1000000 ? 5 : 2); ++round) {
     Scene scene;
     scene.items.reserve(count);
     scene.tree.SetRedraw(FALSE);
     row.prepare(scene, count);
-    const double start = Now();
+    const Stopwatch watch;
     row.act(scene, count);
-    const double took = Now() - start;
+    const double took = watch.Elapsed();
     if (round == 0 || took < best) best = took;
     scene.tree.SetRedraw(TRUE);
   }
@@ -128,16 +144,41 @@ bool IsWanted(const Row& row, int argc, char** argv) {
   return false;
 }
 
+void PrintRow(const Row& row) {
+  constexpr size_t kCounts[] = {10000, 100000, 1000000};
+  double took[3];
+  std::printf("%-34s", row.name);
+  for (int i = 0; i < 3; ++i) {
+    took[i] = Measure(row, kCounts[i]);
+    std::printf(" %10.1f", took[i] / static_cast<double>(row.times ? row.times : kCounts[i]));
+  }
+  std::printf("   %9.1f %8.2f\n", took[2] / 1e6, std::log10(took[2] / took[1]));
+  std::fflush(stdout);
+}
+
+// One tree grows, so that no memory is used twice.
+void PrintBytes() {
+  Scene scene;
+  scene.items.resize(1000000);
+  scene.items.clear();
+  scene.tree.SetRedraw(FALSE);
+  const double before = UsedBytes();
+  std::printf("%-34s", "bytes an item, label included");
+  for (size_t count : {10000, 100000, 1000000}) {
+    FillFlat(scene, count - scene.items.size(), STI_LAST);
+    std::printf(" %10.0f", (UsedBytes() - before) / static_cast<double>(count));
+  }
+  std::printf("\n");
+}
+
 int main(int argc, char** argv) {
   AfxInitVornComCtl();
   std::printf("%-34s %10s %10s %10s   %9s %8s\n", "ns per item", "10^4", "10^5", "10^6", "10^6 [ms]",
               "exponent");
+  if (argc < 2) PrintBytes();
   for (const Row& row : kRows) {
     if (!IsWanted(row, argc, argv)) continue;
-    const double small = Measure(row, 10000), middle = Measure(row, 100000), large = Measure(row, 1000000);
-    std::printf("%-34s %10.1f %10.1f %10.1f   %9.1f %8.2f\n", row.name, small / 1e4, middle / 1e5,
-                large / 1e6, large / 1e6, std::log10(large / middle));
-    std::fflush(stdout);
+    PrintRow(row);
   }
   return 0;
 }

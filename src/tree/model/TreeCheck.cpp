@@ -41,7 +41,8 @@ class TreeWalker {
 
  private:
   bool Wrong(const CVornTreeItem* item, const std::string& what) {
-    m_wrong = "'" + LabelOf(item) + "': " + what;
+    m_wrong = '\'';
+    m_wrong += LabelOf(item) + "': " + what;
     return false;
   }
 
