@@ -210,6 +210,7 @@ using LPTHREAD_START_ROUTINE = DWORD(WINAPI*)(LPVOID param);
 
 #define TLS_OUT_OF_INDEXES 0xFFFFFFFFu
 #define CREATE_SUSPENDED 0x00000004
+#define STACK_SIZE_PARAM_IS_A_RESERVATION 0x00010000
 #define THREAD_PRIORITY_LOWEST (-2)
 #define THREAD_PRIORITY_BELOW_NORMAL (-1)
 #define THREAD_PRIORITY_NORMAL 0
@@ -224,7 +225,8 @@ DESKTOP_API HANDLE WINAPI GetCurrentThread();
 DESKTOP_API LPWSTR WINAPI GetCommandLineW();
 #define GetCommandLine GetCommandLineW
 
-// A thread of CreateThread has a message queue of its own as soon as it asks for one.
+// A thread of CreateThread has a message queue of its own as soon as it asks for one. stackSize counts with
+// STACK_SIZE_PARAM_IS_A_RESERVATION only, as the most that the stack can grow to.
 DESKTOP_API HANDLE WINAPI CreateThread(LPSECURITY_ATTRIBUTES attributes, SIZE_T stackSize,
                                        LPTHREAD_START_ROUTINE start, LPVOID param, DWORD flags,
                                        LPDWORD threadId);

@@ -156,6 +156,33 @@ TEST(Threads, SuspendedOnesWait) {
   for (const HANDLE handle : {thread, worker.go, worker.done}) CloseHandle(handle);
 }
 
+namespace {
+
+// Uses about as many bytes of stack as it is asked for.
+DWORD UseStack(size_t bytes) {
+  constexpr size_t kFrame = 16384;
+  volatile char frame[kFrame];
+  frame[0] = 1;
+  frame[kFrame - 1] = 1;
+  if (bytes <= kFrame) return 1;
+  return UseStack(bytes - kFrame) + static_cast<DWORD>(frame[0]);
+}
+
+}  // namespace
+
+TEST(Threads, HaveTheStackThatTheyReserve) {
+  constexpr SIZE_T kReserve = 64 * 1024 * 1024;
+  const LPTHREAD_START_ROUTINE start = [](LPVOID) -> DWORD { return UseStack(kReserve / 2); };
+  const HANDLE thread =
+      CreateThread(nullptr, kReserve, start, nullptr, STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr);
+  ASSERT_NE(nullptr, thread);
+  EXPECT_EQ(static_cast<DWORD>(WAIT_OBJECT_0), WaitForSingleObject(thread, INFINITE));
+  DWORD code = 0;
+  EXPECT_TRUE(GetExitCodeThread(thread, &code));
+  EXPECT_EQ(kReserve / 2 / 16384, code);
+  EXPECT_TRUE(CloseHandle(thread));
+}
+
 TEST(Threads, SlotsAreEachThreadsOwn) {
   const DWORD slot = TlsAlloc();
   ASSERT_NE(TLS_OUT_OF_INDEXES, slot);

@@ -6,10 +6,10 @@
 #include <array>
 #include <chrono>
 #include <condition_variable>
+#include <functional>
 #include <map>
+#include <memory>
 #include <mutex>
-#include <system_error>
-#include <thread>
 #include <utility>
 
 #include <windows.h>
@@ -98,6 +98,28 @@ std::map<HANDLE, std::shared_ptr<KernelObject>>& Handles() {
   return handles;
 }
 
+// Runs body on a thread of its own. reserve: bytes of stack; 0 leaves them to the system.
+bool StartThread(SIZE_T reserve, std::function<void()> body) {
+  constexpr SIZE_T kGranularity = 64 * 1024;
+  pthread_attr_t attributes;
+  if (pthread_attr_init(&attributes) != 0) return false;
+  pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
+  if (reserve != 0) {
+    pthread_attr_setstacksize(&attributes, (reserve + kGranularity - 1) / kGranularity * kGranularity);
+  }
+  auto owned = std::make_unique<std::function<void()>>(std::move(body));
+  const auto run = [](void* param) -> void* {
+    const std::unique_ptr<std::function<void()>> toRun(static_cast<std::function<void()>*>(param));
+    (*toRun)();
+    return nullptr;
+  };
+  pthread_t thread;
+  const bool started = pthread_create(&thread, &attributes, run, owned.get()) == 0;
+  pthread_attr_destroy(&attributes);
+  if (started) static_cast<void>(owned.release());
+  return started;
+}
+
 }  // namespace
 
 bool KernelObject::Wait(DWORD) { return true; }
@@ -150,8 +172,8 @@ HANDLE GetCurrentThread() { return reinterpret_cast<HANDLE>(static_cast<LONG_PTR
 
 void ExitProcess(UINT exitCode) { std::exit(static_cast<int>(exitCode)); }
 
-HANDLE CreateThread(LPSECURITY_ATTRIBUTES, SIZE_T, LPTHREAD_START_ROUTINE start, LPVOID param, DWORD flags,
-                    LPDWORD threadId) {
+HANDLE CreateThread(LPSECURITY_ATTRIBUTES, SIZE_T stackSize, LPTHREAD_START_ROUTINE start, LPVOID param,
+                    DWORD flags, LPDWORD threadId) {
   if (!start) {
     SetLastError(ERROR_INVALID_PARAMETER);
     return nullptr;
@@ -163,9 +185,8 @@ HANDLE CreateThread(LPSECURITY_ATTRIBUTES, SIZE_T, LPTHREAD_START_ROUTINE start,
     thread->Resume();
   Signal started(true, false);
   DWORD id = 0;
-  try {
-    std::thread([thread, &started, &id] { Thread::Run(thread, started, id); }).detach();
-  } catch (const std::system_error&) {
+  const SIZE_T reserve = flags & STACK_SIZE_PARAM_IS_A_RESERVATION ? stackSize : 0;
+  if (!desktop::StartThread(reserve, [thread, &started, &id] { Thread::Run(thread, started, id); })) {
     SetLastError(ERROR_NOT_ENOUGH_MEMORY);
     return nullptr;
   }
