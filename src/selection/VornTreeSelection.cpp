@@ -217,9 +217,9 @@ void CVornTreeSelection::SetRangeMode(int) {}
 void CVornTreeSelection::SelectRange(CVornTreeItem* from, CVornTreeItem* to) {
   const vorn::OperationCheck check(m_pTree);
   ManagerWatch alive(this);
-  CVornTreeItem* row = GetFirstInOrder(from, to);
+  CVornTreeItem* row = IsOwn(from) && IsOwn(to) ? GetFirstInOrder(from, to) : nullptr;
   if (row == nullptr) {
-    const bool single = from == to && IsItemValid(from) && !from->IsSelected();
+    const bool single = from == to && IsOwn(from) && !from->IsSelected();
     if (single && m_pTree->CanSelectItem(from) && alive && IsItemValid(from)) Take(from);
     return;
   }

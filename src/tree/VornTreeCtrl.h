@@ -6,10 +6,22 @@
 // one above it hidden. The display list is the slice of the rows that the last paint left on screen.
 //
 // Handles. Every operation that takes an item refuses an invalid one (null, a sentinel where none is
-// told to be understood, an item that is gone, any other pointer) with 0 or null and changes nothing.
+// told to be understood, an item that is gone, any other pointer) with 0 or null and changes nothing. A
+// handle stays refused after its item's end, until after some thousand further items its memory is used
+// again. Items of another control can be read, and changed in their looks; they are never linked,
+// selected or deleted here.
 //
 // Hooks. A host derives from the class and overrides the virtual operations under 'Hooks'. A hook may
-// do anything, also delete the item it is told of, empty the tree or destroy the window.
+// do anything, also delete the item it is told of, empty the tree or destroy the window. The control
+// looks again after each hook, and stops where its ground is gone.
+//
+// Permissions. STIS_NO... bits of an item are denials that the keyboard, label editing and drag and drop ask
+// for through IsAllow, and so does the selection. Operations that a host calls to change the tree do not
+// ask: a host asks the Can... operations first.
+//
+// Counts. Each item knows how many items and how many rows are below it, so that an insertion costs the depth
+// of its place and never the size of the tree. A burst of changes belongs between SetRedraw(FALSE) and
+// SetRedraw(TRUE).
 //
 // Threads. A control belongs to the thread of its window. Only InsertItem, SetRedraw and UpdateTree
 // look at the calling thread, and then leave the layout to the window's own.
@@ -89,101 +101,143 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   // --- Items: insertion, removal, moving -----------------------------------------------------------
 
   // Creates an item and links it under parent (an item or STI_ROOT), behind insertAfter: STI_FIRST,
-  // STI_LAST or null (the end), or a child of parent. image and selectedImage: indices, -1 none.
-  // Result: the item, or null. Runs InitializeItemFont before the label is measured.
+  // STI_LAST or null (the end), or a child of parent. text: copied; null is an empty label. image and
+  // selectedImage: indices in the normal list, negative none. Result: the item; null for an invalid parent
+  // or place, without memory, or when a hook deleted it. Runs InitializeItemFont when the item is linked,
+  // before its label is set and measured. The first child of an item ends its STIS_HASCHILDREN. Shows at once
+  // under an expanded parent, unless redraw is held. From another thread than the window's the layout is
+  // posted; the tree itself is not locked.
   CVornTreeItem* InsertItem(const wchar_t* text, int image, int selectedImage,
                             CVornTreeItem* parent = STI_ROOT, CVornTreeItem* insertAfter = STI_LAST,
                             unsigned __int64 data = 0);
-  // The record form. STIF_TEXT takes exactly cchTextMax characters. Of the state bits only
-  // STIS_SELECTED, STIS_EXPANDED and STIS_CHECKED are applied, and STIS_HIDDEN of the mask.
+  // The record form. STIF_TEXT takes cchTextMax characters; below 1 the label is empty. Images default to
+  // -1, data to 0. STIF_STATE applies, in this order and each if both stateMask and state have it,
+  // STIS_SELECTED (with the hooks of SelectItem), STIS_EXPANDED (which a new item, without children, cannot
+  // follow) and STIS_CHECKED (with those of SetItemCheck); with STIS_HIDDEN in stateMask a state above 127
+  // hides. Other bits are ignored: set permissions with ModifyItemState. STIF_CHILDREN with cChildren of
+  // exactly 1 sets STIS_HASCHILDREN. Null for a null record, else as above.
   CVornTreeItem* InsertItem(STINSERTSTRUCT* insert);
 
   // Removes an item with its subtree. Hook: OnDeleteItem(item), once, when the selection has let go
-  // of the subtree and the item is still linked. The root: empties the tree. Asks no permission.
+  // of the subtree and the item is still linked; by documents OnChangeActiveDoc may come before it. Shortcuts
+  // of what goes are told nowhere; see 'Shortcuts' which of them go too. The root: empties the tree.
+  // Asks no permission. 1, or 0.
   int DeleteItem(CVornTreeItem* item);
-  // Removes all children of parent (an item or STI_ROOT). Hook: OnDeleteItem(parent) first.
+  // Removes all children of parent (an item or STI_ROOT), which stays. Hook: OnDeleteItem(parent), with
+  // STI_ROOT for the root, first of all, when the selection is still in place; also if there are none. 1, or 0.
   int DeleteAllItems(CVornTreeItem* parent);
   // Takes an item with its subtree to another place. insertAfter: STI_FIRST, STI_LAST or a child of
-  // parent; null gives 0, and so does a place below the item itself. No hook.
+  // parent; null gives 0, unlike in InsertItem, and so does a place below the item itself. No hook; the
+  // selection is not told. 1, or 0 with nothing changed.
   int MoveItem(CVornTreeItem* parent, CVornTreeItem* item, CVornTreeItem* insertAfter);
 
   // --- Items: relations and lookup -----------------------------------------------------------------
 
+  // The implicit root; null once the window is destroyed.
   CVornTreeItem* GetRootItem() const { return m_pRoot; }
-  // Next and previous sibling; null for null or STI_ROOT.
+  // Next and previous sibling, hidden ones included; null at the end and for an invalid item.
   CVornTreeItem* GetNextItem(CVornTreeItem* item) const;
   CVornTreeItem* GetPrevItem(CVornTreeItem* item) const;
-  // By STGN_ code.
+  // By STGN_ code; null for any other code. STGN_ROOT, STGN_FIRSTVISIBLE, STGN_DROPHILITE and STGN_CARET do
+  // not look at item. STGN_LASTVISIBLE always answers null.
   CVornTreeItem* GetNextItem(CVornTreeItem* item, unsigned int code) const;
-  // First child; STI_ROOT means the root.
+  // First child, hidden or not; STI_ROOT means the root.
   CVornTreeItem* GetChildItem(CVornTreeItem* item) const;
-  // Last child; a leaf gives itself.
+  // Last child; a leaf gives itself. STI_ROOT gives null: ask with GetRootItem().
   CVornTreeItem* GetLastChildItem(CVornTreeItem* item) const;
-  // The parent, which is the implicit root for a document.
+  // The parent, which is the implicit root for a document. Null for the root.
   CVornTreeItem* GetParentItem(CVornTreeItem* item) const;
-  // Appends the item, its parent and so on up to and including the document.
+  // Appends the item, its parent and so on up to and including the document. list is not emptied first. 1,
+  // or 0.
   int GetParentList(CVornTreeItem* item, CVornTreeItemArray& list);
-  // All items below, at any depth, hidden ones included.
+  // All items below, at any depth, hidden ones included. 0 for STI_ROOT.
   unsigned int GetChildCount(CVornTreeItem* item) const;
-  // All rows below.
+  // All rows below: 0 for a collapsed item.
   unsigned int GetVisibleChildCount(CVornTreeItem* item) const;
+  // All items of the tree.
   unsigned int GetCount();
   // The first direct child of parent (STI_ROOT or invalid: of the root) with this label, case apart,
-  // and, when data is not 0, with this data.
+  // and, when data is not 0, with this data. Linear in the siblings; null for a null or empty name.
   CVornTreeItem* GetItemFromName(const wchar_t* name, CVornTreeItem* parent = STI_ROOT,
                                  unsigned __int64 data = 0);
-  // The item at a path of labels joined by backslashes; data applies to the last segment.
+  // The item at a path of labels joined by backslashes, from a document down. Empty segments are skipped.
+  // data, when not 0, applies to the last segment, and not to a path that ends in a backslash. Labels with a
+  // backslash cannot be named.
   CVornTreeItem* GetItemFromFullPathName(const wchar_t* path, unsigned __int64 data = 0);
+  // The first direct child of parent (STI_ROOT or invalid: of the root) with this data; null for data 0.
   CVornTreeItem* GetItemFromItemData(unsigned __int64 data, CVornTreeItem* parent = STI_ROOT);
-  // The item at a path of data, from the documents down.
+  // The item at a path of count data, from the documents down. The first match on each level decides.
   CVornTreeItem* GetItemFromItemDatas(unsigned __int64* datas, int count);
-  // The path that GetItemFromFullPathName takes back; 0 and an empty text if a label on it is empty.
+  // The path that GetItemFromFullPathName takes back, with a backslash before each label as stored. 1; 0 and
+  // an empty text if a label on it is empty; 0 and text untouched for an invalid item.
   int GetItemFullText(CVornTreeItem* item, CString& text);
-  // The place among the siblings, from 1.
+  // The place among the siblings, from 1, hidden ones counted; 0 for the root and for an unlinked item.
   long GetItemPosition(CVornTreeItem* item);
   // Whether item is valid and, unless parent is null or STI_ROOT, its direct child.
   int IsExist(CVornTreeItem* item, CVornTreeItem* parent) const;
-  // Whether parent is the item or one above it.
+  // Whether parent is the item or one above it; the root is above all, STI_ROOT is no item.
   int IsParentItemOf(CVornTreeItem* parent, CVornTreeItem* item);
   // Whether there are children, or some are announced by STIS_HASCHILDREN.
   int ItemHasChildren(CVornTreeItem* item) const;
 
   // --- Items: attributes ---------------------------------------------------------------------------
 
+  // Setters repaint the item's row if it is on screen, unless noted. Those with a result give 1, or 0 for an
+  // invalid item.
+
+  // Fills what the mask asks for; STIF_TEXT points pszText at the item's own text, valid until it changes,
+  // STIF_IMAGE fills both images. state is always filled. 1, or 0 for a null record or an invalid hItem.
   int GetItem(STITEM* item);
-  // STIF_IMAGE alone clears the selected image; state bits can only be turned on.
+  // Sets what the mask names, with redraw held. Of the text cchTextMax characters, none if below 1.
+  // iImage counts with STIF_IMAGE and with STIF_SELECTEDIMAGE; STIF_IMAGE alone clears the selected image.
+  // STIF_STATE as in InsertItem, without hiding: bits can only be turned on. 1, or 0.
   int SetItem(STITEM* item);
-  // The stored label. STI_ROOT gives "Root".
+  // The stored label, valid until it changes. STI_ROOT gives "Root", the root by its pointer an empty text;
+  // any other invalid item an empty text or, once STI_ROOT was asked for, "Root".
   const wchar_t* GetItemText(CVornTreeItem* item);
+  // Copies and measures the label; null empties it.
   int SetItemText(CVornTreeItem* item, const wchar_t* text);
-  // The setter is refused silently on a shortcut.
+  // The host's own data. The setter is refused silently on a shortcut, whose data is always 0; no repaint.
   unsigned __int64 GetItemData(CVornTreeItem* item) const;
   void SetItemData(CVornTreeItem* item, unsigned __int64 data);
+  // Indices in the normal list; a negative one means none. The getter leaves both alone when it gives 0.
   int GetItemImage(CVornTreeItem* item, int& image, int& selectedImage) const;
   int SetItemImage(CVornTreeItem* item, int image, int selectedImage);
+  // An index in the list of state images. Setting the present one repaints nothing.
   int GetItemImageState(CVornTreeItem* item, int& image) const;
   int SetItemImageState(CVornTreeItem* item, int image);
+  // STIS_ bits, all or those of mask.
   unsigned long GetItemState(CVornTreeItem* item) const;
   unsigned int GetItemState(CVornTreeItem* item, unsigned int mask) const;
-  // Replaces all state bits.
+  // Replaces all state bits, with no hook. Rows are not counted anew: to select, expand or hide use the
+  // operations for it. STIS_BOLD and STIS_NOTBOLD also derive the font, see UpdateItemFont.
   int SetItemState(CVornTreeItem* item, unsigned long state);
+  // Takes the bits of remove away, then adds those of add. For permissions above all. Otherwise as above.
   int ModifyItemState(CVornTreeItem* item, unsigned long remove, unsigned long add);
+  // Whether the item has a check box of its own; with STS_CHECKBOXES all have one.
   int GetCheckBox(CVornTreeItem* item);
   int SetCheckBox(CVornTreeItem* item, int show);
+  // The check mark, 0 or 1.
   int GetItemCheck(CVornTreeItem* item);
-  // Needs a check box on the item or STS_CHECKBOXES. Hooks: OnChecking, which may veto, and OnChecked.
-  // Result: the earlier mark, not success.
+  // Needs a check box on the item or STS_CHECKBOXES, else 0. Hooks: OnChecking, which may veto, and
+  // OnChecked, also when the mark stays what it was. Result: the earlier mark, not success; 0 after a veto.
   int SetItemCheck(CVornTreeItem* item, int check);
+  // Whether bold was asked for (STIS_BOLD). The setter is UpdateItemFont with STFF_BOLD or STFF_NOTBOLD.
   bool IsItemBold(CVornTreeItem* item) const;
   int SetItemBold(CVornTreeItem* item, int bold);
   bool IsItemExpanded(CVornTreeItem* item);
   bool IsItemSelected(CVornTreeItem* item);
-  // The item's own font, or the control's.
+  // The item's own font, or the control's; null without either. To be read only: it belongs to them.
   CFont* GetItemFont(CVornTreeItem* item);
-  // Gives the item a copy of font; null takes its own font away, and leaves its height.
+  // Gives the item a copy of font, measures it and repaints all. Null, or a font without a handle, takes its
+  // own font away; the item then keeps the height of the font that it had.
   void SetItemFont(CVornTreeItem* item, CFont* font);
-  // Derives a font for the item by STFF_ bits.
+  // Derives a font for the item by STFF_ bits from its font or the control's. Where a bit and its opposite are
+  // given the positive one wins, but both weights leave STIS_NOTBOLD. 1, also when the font is that already; 0
+  // for an invalid item, without a font to derive from, and without a bit that asks for something.
   int UpdateItemFont(CVornTreeItem* item, unsigned int flags);
+  // Colours: of the item, else of the control, else of the system. For an invalid item the system's window
+  // text and the control's ground. ST_CLR_NONE takes the item's own away.
   unsigned long GetItemTextColor(CVornTreeItem* item);
   void SetItemTextColor(CVornTreeItem* item, unsigned long color);  // shows at the next repaint
   unsigned long GetItemBkColor(CVornTreeItem* item);
@@ -191,13 +245,19 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
 
   // --- Images, font and colours of the control -----------------------------------------------------
 
+  // The list in a slot, or null. Meant: for STIL_STATE it is the slot of STIL_BUTTON that must not be empty.
   CImageList* GetImageList(VornTreeImageList list);
+  // The size of a slot's images in pixels, 0 by 0 for none. 1; 0 for a value that is no slot.
   int GetImageSize(VornTreeImageList list, SIZE* size);
-  // The list is borrowed, not owned. A null list gives null and changes nothing.
+  // Puts a list, which stays the host's, into a slot, and repaints. Result: the list before, or null. A null
+  // list, or one whose size cannot be asked, gives null and changes nothing; DetachImageList takes one away.
   CImageList* SetImageList(CImageList* list, VornTreeImageList which);
+  // Gives the control a copy of font, or the system's font for icon titles for null. New items are as high as
+  // it is. redraw: as in WM_SETFONT. Nothing before the window exists.
   void SetFont(CFont* font, int redraw);
 
-  // A colour not set (ST_CLR_NONE) falls back on the system's.
+  // A colour not set (ST_CLR_NONE) falls back on the system's. The setters repaint all. The getters of ground
+  // and highlight are virtual, see below.
   unsigned long GetTextColor();
   unsigned long GetGrayTextColor();
   unsigned long GetShowAlwaysColor();
@@ -210,19 +270,35 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
 
   // --- Shortcuts -----------------------------------------------------------------------------------
 
-  // An item that stands for target, placed as InsertItem does. Null for the root or a shortcut.
+  // A shortcut is an item that stands for another one of the same control: it looks like its target, carries
+  // STIS_SHORTCUT and STIS_NODROP, and has no data. When its target goes, DeleteItem runs no hook for it and
+  // does not tell the selection. Of the target's shortcuts, in the order of their making, the first, third,
+  // fifth... go with it, and the last as well; the others stay, and are ordinary items from the next time
+  // that somebody asks. A host that cares deletes them first.
+
+  // An item that stands for target, placed as InsertItem does, labelled "Raccourci vers" and the target's
+  // label. The target loses STIS_SELECTED, without a word to the selection; the shortcut has it if the target
+  // did. Null for the root, for a shortcut, and for an invalid item or place.
   CVornTreeItem* CreateShortcut(CVornTreeItem* target, CVornTreeItem* parent, CVornTreeItem* insertAfter);
-  // The target of a shortcut, or null.
+  // The target of a shortcut; null for an item that is none, and for one whose target is gone, which is
+  // none from then on.
   CVornTreeItem* GetShortcutItem(CVornTreeItem* item);
-  // Makes list share the item's own list of shortcuts.
+  // Empties list, then makes it share the item's own list of shortcuts: it shows later changes, and what is
+  // done to it is done to the item. 1, or 0.
   int GetShortcutItems(CVornTreeItem* item, CVornTreeItemArray& list);
+  // Whether item is the target of shortcut.
   int IsShortcutItemOf(CVornTreeItem* shortcut, CVornTreeItem* item);
 
   // --- Sorting of direct children ------------------------------------------------------------------
 
-  // By the host's comparison of data. Of children that it calls equal only the first stays in the tree.
+  // Only the direct children change places; they keep their subtrees, states and selection. STI_ROOT is not
+  // understood: ask with GetRootItem(). 0 or false for an invalid parent and for one without children.
+
+  // By the host's comparison of data, below 0 when the first comes first; it must not touch the tree. Of
+  // children that it calls equal only the first stays in the tree: the others are unlinked, and neither deleted
+  // nor told of.
   int SortChildren(STSORTCB* sort);
-  // By label, case apart; equal labels are kept.
+  // By label, case apart; equal labels are kept, the later one in front when the search meets its equal.
   bool SortChildrenByName(CVornTreeItem* item);
 
   // --- Visibility and the display list -------------------------------------------------------------
@@ -312,6 +388,8 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
 
   // --- Permissions ---------------------------------------------------------------------------------
 
+  // Whether the item's denials, and STIS_NOMODIFY of it and its parent, allow something: see IsAllow. 1 for an
+  // invalid item.
   int CanDeleteItem(CVornTreeItem* item) { return IsAllow(item, STIS_NODELETE); }
   int CanDragItem(CVornTreeItem* item) { return IsAllow(item, STIS_NODRAG); }
   int CanDropItem(CVornTreeItem* item) { return IsAllow(item, STIS_NODROP); }
@@ -339,57 +417,80 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   virtual unsigned long GetBkColor();
   virtual unsigned long GetTextHighlightColor();
   virtual unsigned long GetHighlightColor();
-  // permission: a denial bit of STIS_. 0 refuses. All Can... operations ask here.
+  // permission: a denial bit of STIS_, or several: one that is set refuses then. 1 allows, 0 refuses. All
+  // Can... operations ask here, and so do label editing, drag and drop and the selection. In this class
+  // STIS_NOMODIFY denies all but selecting, and also dragging and dropping on the item's children.
   virtual int IsAllow(CVornTreeItem* item, unsigned long permission);
 
-  // --- Hooks; all return 1 in this class unless noted ------------------------------------------------
+  // --- Hooks ---------------------------------------------------------------------------------------
+  //
+  // All do nothing and return 1 in this class unless noted. Results of hooks that come after something
+  // (...ed) are ignored. Inside every one the host may delete the item, all items, or the window.
 
-  // Before the selection moves from old to item; 0 keeps it. The focus moves all the same.
+  // Before the selection moves from old, the last selected item or null, to item: for a click, a key and
+  // SelectItem, and with old null for each row of a range. 0 keeps the selection; the focus moves all the same.
   virtual int OnSelChanging(CVornTreeItem* old, CVornTreeItem* item);
+  // When the selection has changed; with item null when old was taken out of it by the host.
   virtual int OnSelChanged(CVornTreeItem* old, CVornTreeItem* item);
-  // Before and after a range from old to item; 0 from the first keeps the selection.
+  // Before and after a range from old, its anchor, to item (Shift with a click or a key). 0 from the first
+  // keeps the selection. In between OnSelChanging and OnSelChanged run for each row.
   virtual int OnMultiSelChanging(CVornTreeItem* old, CVornTreeItem* item);
   virtual int OnMultiSelChanged(CVornTreeItem* old, CVornTreeItem* item);
-  // A press on the item's image; 0 ends the handling of the press.
+  // A press on the item's image (flags 0) or its state image (1), before the selection hears of it. 0: the host
+  // has taken the press, and a quick second one is no double click.
   virtual int OnItemIconClic(CVornTreeItem* item, int flags);
-  // Before and after Expand changes an item; 0 from the first leaves it as it is. The place to insert
-  // the children of an item with STIS_HASCHILDREN.
+  // Before and after Expand changes an item; 0 from the first leaves it as it is, and Expand gives 0. The
+  // place to insert the children of an item with STIS_HASCHILDREN. With the ...ALL codes once, for the item that
+  // was named.
   virtual int OnItemExpanding(CVornTreeItem* item);
   virtual int OnItemExpanded(CVornTreeItem* item);
+  // A double click on image, label or state image. Exactly 1 goes on to open or close the item.
   virtual int OnItemDblClk(CVornTreeItem* item);
-  // 0 vetoes the drag.
+  // Before a drag of the pressed item starts. 0 vetoes; the next move of the mouse asks again. point is
+  // always (0, 0).
   virtual int OnBeginDrag(CVornTreeItem* item, const CPoint& point);
-  // 0 refuses this target.
+  // Before item becomes the drop target. 0 refuses this one.
   virtual int OnDragOver(CVornTreeItem* item);
-  // 0 cancels the drop.
+  // Before items are dropped on target. copy: 1 for copies; flags: 1 when order among brothers counts. 0 cancels
+  // the whole drop, and OnEndDrop does not come.
   virtual int OnBeginDrop(CVornTreeItemArray& items, CVornTreeItem* target, int copy, int flags);
-  // 0 skips this item.
+  // For each item of a drop, with the item in its new place. 0 skips it. With null and null: the drag is off.
   virtual int OnDrop(CVornTreeItem* item, CVornTreeItem* target);
+  // After the last item of a drop.
   virtual int OnEndDrop();
-  // An item and all below it are about to go (DeleteItem); or all below it are, and it stays
-  // (DeleteAllItems; STI_ROOT for the whole tree).
+  // From DeleteItem: item and all below it are about to go; they are still linked, and no longer selected.
+  // From DeleteAllItems: all below item are, and it stays (STI_ROOT for the whole tree); they are still
+  // selected. Not for shortcuts that go with their targets. Cannot refuse.
   virtual void OnDeleteItem(CVornTreeItem* item);
-  // 0 vetoes the edit.
+  // Before the box opens over a label, behind the permissions. 0 vetoes.
   virtual int OnBeginLabelEdit(CVornTreeItem* item);
-  // 0 drops the new text.
+  // Before the text of the box becomes the label, also if it is the same. 0 drops it. Not after Escape.
   virtual int OnEndLabelEdit(CVornTreeItem* item, const wchar_t* text);
-  // 0 keeps the mark.
+  // Before and after SetItemCheck, by host or click, sets the mark. 0 from the first keeps it.
   virtual int OnChecking(CVornTreeItem* item);
   virtual int OnChecked(CVornTreeItem* item);
-  // Before a clearing; 0 stops it. The base class clears every document with STST_CLEARALLDOCS.
+  // Before the selection is cleared, for item or for none (null); 0 stops it. In this class, with
+  // STST_CLEARALLDOCS in a selection by documents, clears every document; always 1.
   virtual int OnClearSelection(CVornTreeItem* item);
-  // Before another document, or none (null), becomes the active one; 0 refuses.
+  // Before another document, or none (null), becomes the active one; old may be null. 0 refuses: what was
+  // asked for then reaches the document that stayed active.
   virtual int OnChangeActiveDoc(CVornTreeItem* old, CVornTreeItem* item);
+  // A drag of another control (source) enters (action 1) or leaves (0). Exactly 1 accepts.
   virtual int OnDragAndDropFromTreeCtrl(int action, HWND source);
-  // 0, the default, takes no target.
+  // Whether the place under the pointer takes a drop of another control. Exactly 1 accepts; 0 in this class.
   virtual int OnSelectDropTargetFromTreeCtrl(NMDRAGANDDROP* info);
+  // A drop of another control. Exactly 1 accepts.
   virtual int OnDropFromTreeCtrl(NMDRAGANDDROP* info);
 
  protected:
-  // Links an unlinked item as InsertItem does. A bad place deletes the item and gives null.
+  // Links an unlinked item of this control, such as one that fell out of SortChildren, as InsertItem does; a
+  // null parent means the root. A bad place deletes the item and gives null; an item that has a place already
+  // gives null and stays there.
   CVornTreeItem* SetItemFamily(CVornTreeItem* item, CVornTreeItem* parent, CVornTreeItem* insertAfter);
-  // Sends WM_NOTIFY with an NMSTREE to the parent. 0 when the parent answers above 0, a veto.
+  // Sends WM_NOTIFY with an NMSTREE to the parent. 0 when the parent answers above 0, a veto; 1 without a
+  // parent. The library itself never sends one.
   int NotifyParent(unsigned int code, CVornTreeItem* item1, CVornTreeItem* item2);
+  // Empties a slot of image lists. The size stays.
   void DetachImageList(VornTreeImageList which);
   // Repaints the row of an item that is on screen; nothing while redraw is held.
   void UpdateItem(CVornTreeItem* item, int updateNow);
@@ -454,6 +555,7 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   friend class CVornTreeOptions;
   friend class CVornTreeSelection;
   friend class CVornTreeMultiSelection;
+  friend struct VornTreeAccess;  // tests look inside through this
   friend class vorn::TreeWalker;
 
   enum DefaultColorEntry { kDefaultBk, kDefaultText, kDefaultHighlight, kDefaultTextHighlight };

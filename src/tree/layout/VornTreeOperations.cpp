@@ -48,7 +48,7 @@ CVornTreeItem* CVornTreeOperations::FindVisibleByIndex(int* index, CVornTreeItem
 }
 
 CVornTreeItem* CVornTreeOperations::GetDocumentOf(CVornTreeItem* item) const {
-  if (!IsItemValid(item) || item == m_pTree->m_pRoot) return nullptr;
+  if (!IsItemValid(item) || item->m_pTree != m_pTree || item == m_pTree->m_pRoot) return nullptr;
   while (CVornTreeItem* parent = item->GetParentItem()) item = parent;
   return item;
 }

@@ -19,7 +19,7 @@ class CVornTreeOperations {
   static CVornTreeItem* FindVisibleByIndex(int* index, CVornTreeItem* start);
 
   // The document of an item: the ancestor, or the item itself, whose parent is the root. Null for an
-  // invalid item and for the root.
+  // invalid item, one of another control, and for the root.
   CVornTreeItem* GetDocumentOf(CVornTreeItem* item) const;
 
   // The first row from start on (the root: of all) whose label begins with prefix, letter case apart.

@@ -13,7 +13,7 @@ class SortedRow {
  public:
   long GetSize() const { return m_size; }
   CVornTreeItem* At(long index) const;
-  // Throws std::bad_alloc when memory is short.
+  // Throws std::bad_alloc when memory is short, and then the row is as it was.
   void Insert(CVornTreeItem* item, long index);
   template <class Visit>
   void ForEach(Visit visit) const {
@@ -27,6 +27,8 @@ class SortedRow {
 
   // The block that holds index (or takes an insertion there), and the index within it.
   size_t Locate(long index, size_t* within) const;
+
+  void Split(size_t block);
 
   std::vector<std::vector<CVornTreeItem*>> m_blocks;
   std::vector<long> m_starts;  // index of each block's first item

@@ -1,7 +1,29 @@
 // CVornTreeCtrl: what an item looks like - text, data, images, state, check marks, colours.
 #include "../VornTreeCtrl.h"
+#include "RedrawHold.h"
 #include "TreeCheck.h"
 #include "VornTreeItem.h"
+#include "WithMemory.h"
+
+namespace {
+
+// As many characters of the record's text as it asks for.
+CString TextOf(const STITEM& record) {
+  if (record.pszText == nullptr || record.cchTextMax < 1) return {};
+  const size_t length = wcsnlen(record.pszText, static_cast<size_t>(record.cchTextMax));
+  return {record.pszText, static_cast<int>(length)};
+}
+
+// Gives an item the label that make returns. False when memory is short, and then it keeps its own.
+template <class Make>
+bool Relabel(CVornTreeItem* item, Make make) {
+  const CString before = item->m_strText;
+  if (vorn::RunWithMemory([&] { item->SetText(make()); })) return true;
+  item->m_strText = before;
+  return false;
+}
+
+}  // namespace
 
 // --- Record forms ----------------------------------------------------------------------------------
 
@@ -19,27 +41,20 @@ int CVornTreeCtrl::GetItem(STITEM* record) {
   return 1;
 }
 
-int CVornTreeCtrl::SetItem(STITEM* record) {
+int CVornTreeCtrl::SetItem(STITEM* hostsRecord) {
   const vorn::OperationCheck check(this);
-  if (record == nullptr || !IsOwnItem(record->hItem)) return 0;
-  CVornTreeItem* item = record->hItem;
-  SetRedraw(FALSE);
-  if (record->mask & STIF_TEXT) {
-    CString text;
-    if (record->pszText != nullptr && record->cchTextMax >= 1) {
-      const size_t length = wcsnlen(record->pszText, static_cast<size_t>(record->cchTextMax));
-      text = CString(record->pszText, static_cast<int>(length));
-    }
-    item->SetText(text);
-  }
-  if (record->mask & STIF_IMAGE) SetItemImage(item, record->iImage, -1);
-  if (record->mask & STIF_SELECTEDIMAGE) SetItemImage(item, record->iImage, record->iSelectedImage);
-  if (record->mask & STIF_PARAM) SetItemData(item, static_cast<unsigned __int64>(record->lParam));
-  if (record->mask & STIF_STATE) ApplyState(item, *record);
-  if ((record->mask & STIF_CHILDREN) && record->cChildren == 1 && IsItemValid(item)) {
+  if (hostsRecord == nullptr || !IsOwnItem(hostsRecord->hItem)) return 0;
+  const STITEM record = *hostsRecord;  // hooks may change the host's
+  CVornTreeItem* const item = record.hItem;
+  const vorn::RedrawHold hold(this);
+  if ((record.mask & STIF_TEXT) && !Relabel(item, [&record] { return TextOf(record); })) return 0;
+  if (record.mask & STIF_IMAGE) SetItemImage(item, record.iImage, -1);
+  if (record.mask & STIF_SELECTEDIMAGE) SetItemImage(item, record.iImage, record.iSelectedImage);
+  if (record.mask & STIF_PARAM) SetItemData(item, static_cast<unsigned __int64>(record.lParam));
+  if (record.mask & STIF_STATE) ApplyState(item, record);
+  if ((record.mask & STIF_CHILDREN) && record.cChildren == 1 && IsItemValid(item)) {
     item->ModifyState(0, STIS_HASCHILDREN);
   }
-  SetRedraw(TRUE);
   return 1;
 }
 
@@ -56,7 +71,7 @@ const wchar_t* CVornTreeCtrl::GetItemText(CVornTreeItem* item) {
 int CVornTreeCtrl::SetItemText(CVornTreeItem* item, const wchar_t* text) {
   const vorn::OperationCheck check(this);
   if (!IsItemValid(item)) return 0;
-  item->SetText(text);
+  if (!Relabel(item, [text] { return text; })) return 0;
   UpdateItem(item, 1);
   return 1;
 }

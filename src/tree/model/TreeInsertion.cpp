@@ -5,22 +5,9 @@
 #include "../layout/VornTreeOperations.h"
 #include "TreeCheck.h"
 #include "VornTreeItem.h"
+#include "WithMemory.h"
 
-namespace {
-
-// Runs a step that copies texts. False when memory is short: then it left nothing behind.
-template <class Step>
-bool RunWithMemory(Step step) {
-  try {
-    step();
-    return true;
-  } catch (CException* exception) {
-    exception->Delete();
-    return false;
-  }
-}
-
-}  // namespace
+using vorn::RunWithMemory;
 
 // Links and selections of two controls must never mix: an item of another one counts as no item
 // wherever something would be changed.
@@ -65,12 +52,15 @@ CVornTreeItem* CVornTreeCtrl::InsertItem(const wchar_t* text, int image, int sel
     delete item;
     return nullptr;
   }
+  const unsigned int announced = parent->GetState() & STIS_HASCHILDREN;
   Place(item, parent, insertAfter);
   InitializeItemFont(item);
   if (!IsItemValid(item)) return nullptr;
   if (!RunWithMemory([&] { item->SetText(text); })) {
+    ForgetSubtree(item);
     item->Detach(true);
     delete item;
+    if (IsItemValid(parent) && parent->m_pFirstChild == nullptr) parent->ModifyState(0, announced);
     return nullptr;
   }
   m_bNeedLayout = TRUE;
@@ -94,7 +84,8 @@ void CVornTreeCtrl::ShowInsertion(CVornTreeItem* item, CVornTreeItem* parent) {
   }
   ++m_nRedrawLock;
   m_bNeedLayout = FALSE;
-  const bool shows = prev != nullptr || next != nullptr ? IsOnScreen(prev, next) : parent->IsExpanded();
+  const bool isOpen = IsItemValid(parent) && parent->IsExpanded();
+  const bool shows = prev != nullptr || next != nullptr ? IsOnScreen(prev, next) : isOpen;
   if (hasWindow && ::IsWindow(m_hWnd) && shows) {
     ::InvalidateRect(m_hWnd, nullptr, TRUE);
     if (ownThread) ::UpdateWindow(m_hWnd);
@@ -110,7 +101,7 @@ bool CVornTreeCtrl::IsOnScreen(CVornTreeItem* prev, CVornTreeItem* next) {
 CVornTreeItem* CVornTreeCtrl::InsertItem(STINSERTSTRUCT* insert) {
   const vorn::OperationCheck check(this);
   if (insert == nullptr) return nullptr;
-  const STITEM& record = insert->item;
+  const STITEM record = insert->item;  // hooks may change the host's
   CString text;
   if ((record.mask & STIF_TEXT) && record.cchTextMax >= 1 && record.pszText != nullptr) {
     const int length = static_cast<int>(wcsnlen(record.pszText, record.cchTextMax));
@@ -194,6 +185,7 @@ int CVornTreeCtrl::DeleteAllItems(CVornTreeItem* parent) {
   SetRedraw(FALSE);
   OnRowsChanged();
   // Read anew each time: a sibling, or the parent, may be a shortcut of the one that goes, and go with it.
+  // No hook runs in here.
   while (IsItemValid(parent) && parent->m_pLastChild != nullptr) {
     CVornTreeItem* const child = parent->m_pLastChild;
     ForgetSubtree(child);
@@ -225,12 +217,15 @@ int CVornTreeCtrl::MoveItem(CVornTreeItem* parent, CVornTreeItem* item, CVornTre
 CVornTreeItem* CVornTreeCtrl::SetItemFamily(CVornTreeItem* item, CVornTreeItem* parent,
                                             CVornTreeItem* insertAfter) {
   const vorn::OperationCheck check(this);
+  // An item that has a place already would hang on two.
+  const bool isLoose = IsOwnItem(item) && item != m_pRoot && item->m_pParent == nullptr;
+  if (!isLoose) return nullptr;
   if (!IsPlaceValid(parent, insertAfter)) {
-    if (IsOwnItem(item)) delete item;
+    delete item;
     return nullptr;
   }
   CVornTreeItem* resolved = parent == nullptr ? m_pRoot : ResolveRoot(parent);
-  if (!IsOwnItem(item) || !IsOwnItem(resolved) || resolved->IsDescendantOf(item)) return nullptr;
+  if (!IsOwnItem(resolved) || resolved->IsDescendantOf(item)) return nullptr;
   Place(item, resolved, insertAfter);
   return item;
 }

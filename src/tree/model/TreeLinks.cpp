@@ -79,14 +79,27 @@ void SetLevel(CVornTreeItem* item, int level) {
   }
 }
 
-// An item of this level has sorted out its shortcuts: what is left of its list goes with it.
-constexpr int kDyingLevel = -2;
+// Levels of items in destruction. They tell those that are going already from all others, without a climb.
+constexpr int kSortedOutLevel = -2;  // has sorted out its shortcuts: what is left of its list goes with it
+constexpr int kDyingLevel = -3;      // its children go first
 
-// What becomes of the shortcuts of an item that goes: those at odd positions go with it, and the
-// last one as well when their number is even. The others live on as ordinary items. Leaves the list with
-// those that go, the first to go at its end.
+bool IsGoing(const CVornTreeItem* item) { return item->m_nLevel <= kSortedOutLevel; }
+
+bool IsRoot(const CVornTreeItem* item) { return item->m_nLevel == 0 && item->m_pParent == nullptr; }
+
+// Whether a shortcut takes itself out of the list of its target when it goes.
+bool LeavesListOf(const CVornTreeItem* target, const CVornTreeItem* shortcut) {
+  return shortcut->HasState(STIS_SHORTCUT) && shortcut->m_pShortcutTarget == target &&
+         shortcut->m_Shortcuts.GetSize() == 0;
+}
+
+// What becomes of the shortcuts of an item that goes. Their list is walked from the front as often as it has
+// entries now; each shortcut that goes moves those behind it one place forward under the walk, and the last
+// one stays readable behind the end. So every other one is passed over and lives on as an ordinary item, but
+// the last one goes when the walk ends on it. Meant. Leaves the list with those that go, the first to go at
+// its end.
 void SortOutShortcuts(CVornTreeItem* item) {
-  item->m_nLevel = kDyingLevel;
+  item->m_nLevel = kSortedOutLevel;
   const long count = item->m_Shortcuts.GetSize();
   if (count == 0) {
     if (!item->HasState(STIS_SHORTCUT) || !IsItemValid(item->m_pShortcutTarget)) return;
@@ -95,9 +108,15 @@ void SortOutShortcuts(CVornTreeItem* item) {
     return;
   }
   CVornTreeItem** const list = item->m_Shortcuts.Array();
+  CVornTreeItem* const last = list[count - 1];
   long going = 0;
+  long moved = 0;
   for (long i = 0; i < count; ++i) {
-    if (i % 2 == 0 || i == count - 1) list[going++] = list[i];
+    CVornTreeItem* const shortcut = i + moved < count ? list[i + moved] : last;
+    const bool isGone = going > 0 && list[going - 1] == shortcut;
+    if (isGone || !IsItemValid(shortcut)) continue;
+    list[going++] = shortcut;
+    if (LeavesListOf(item, shortcut)) ++moved;
   }
   std::reverse(list, list + going);
   item->m_Shortcuts.Remove(going, count - going);
@@ -109,7 +128,7 @@ bool DrawInNextShortcut(CVornTreeItem* item) {
   while (const long count = item->m_Shortcuts.GetSize()) {
     CVornTreeItem* const shortcut = item->m_Shortcuts[count - 1];
     item->m_Shortcuts.RemoveAt(count - 1);
-    if (!IsItemValid(shortcut) || item->IsDescendantOf(shortcut)) continue;
+    if (!IsItemValid(shortcut) || IsGoing(shortcut) || IsRoot(shortcut)) continue;
     shortcut->Detach(false);
     LinkBetween(item, nullptr, shortcut, nullptr);
     shortcut->m_pParent = item;
@@ -190,8 +209,11 @@ void CVornTreeItem::DestroyChildren() {
   m_pParent = nullptr;
   CVornTreeItem* item = this;
   while (true) {
-    while (item->m_pFirstChild != nullptr) item = item->m_pFirstChild;
-    if (item->m_nLevel != kDyingLevel) SortOutShortcuts(item);
+    while (item->m_pFirstChild != nullptr) {
+      if (!IsGoing(item)) item->m_nLevel = kDyingLevel;
+      item = item->m_pFirstChild;
+    }
+    if (item->m_nLevel != kSortedOutLevel) SortOutShortcuts(item);
     if (DrawInNextShortcut(item)) continue;
     if (item == this) break;
     CVornTreeItem* const parent = item->m_pParent;

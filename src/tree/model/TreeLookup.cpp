@@ -44,7 +44,8 @@ CVornTreeItem* CVornTreeCtrl::GetParentItem(CVornTreeItem* item) const {
 
 int CVornTreeCtrl::GetParentList(CVornTreeItem* item, CVornTreeItemArray& list) {
   if (!IsItemValid(item)) return 0;
-  for (; item != nullptr && item != m_pRoot; item = item->m_pParent) list.Add(item, nullptr);
+  if (item == m_pRoot) return 1;  // nothing above it, and it is not listed itself
+  for (; item != nullptr; item = item->GetParentItem()) list.Add(item, nullptr);
   return 1;
 }
 

@@ -1,68 +1,7 @@
-// Shortcuts: items that stand for another item of the same control.
-#include <new>
-
-#include "../VornTreeCtrl.h"
+// CVornTreeCtrl: shortcuts, items that stand for another item of the same control.
+#include "RedrawHold.h"
 #include "TreeCheck.h"
 #include "VornTreeItem.h"
-
-namespace {
-
-// The same in every language of the application.
-constexpr const wchar_t* kShortcutLabel = L"Raccourci vers";
-
-}  // namespace
-
-// --- The item --------------------------------------------------------------------------------------
-
-CVornTreeItem* CVornTreeItem::GetShortcutTarget() {
-  if (!HasState(STIS_SHORTCUT)) return nullptr;
-  if (!IsItemValid(m_pShortcutTarget)) {
-    // The target is gone: an ordinary item from now on.
-    m_nState &= ~static_cast<unsigned int>(STIS_SHORTCUT);
-    m_pShortcutTarget = nullptr;
-    NotifyUpdate();
-  }
-  return m_pShortcutTarget;
-}
-
-CVornTreeItem* CVornTreeItem::CreateShortcut() {
-  if (m_pTree == nullptr) return nullptr;
-  CVornTreeItem* shortcut = new CVornTreeItem(m_pTree);
-  if (shortcut == nullptr) return nullptr;
-  shortcut->Copy(this, false);
-  SetSelected(false);  // on the target, without telling the selection; the copy keeps the bit
-  shortcut->m_pShortcutTarget = this;
-  shortcut->ModifyState(0, STIS_SHORTCUT);
-  if (shortcut->GetShortcutTarget() == nullptr || !AddShortcut(shortcut)) {
-    shortcut->m_pShortcutTarget = nullptr;
-    delete shortcut;
-    return nullptr;
-  }
-  shortcut->m_nData = 0;
-  const CString targetText = shortcut->m_strText;
-  shortcut->m_strText = kShortcutLabel;
-  if (!targetText.IsEmpty()) {
-    shortcut->m_strText += L' ';
-    shortcut->m_strText += targetText;
-  }
-  shortcut->Remeasure();
-  shortcut->ModifyState(0, STIS_NODROP);
-  return shortcut;
-}
-
-int CVornTreeItem::AddShortcut(CVornTreeItem* shortcut) {
-  if (shortcut == nullptr || shortcut->GetShortcutTarget() == nullptr) return 0;
-  if (!m_Shortcuts.ProvideStorage() || !m_Shortcuts.Add(shortcut, nullptr)) return 0;
-  shortcut->m_pShortcutTarget = this;
-  return 1;
-}
-
-int CVornTreeItem::RemoveShortcut(CVornTreeItem* shortcut) {
-  if (!IsItemValid(shortcut) || shortcut->GetShortcutTarget() == nullptr) return 0;
-  return m_Shortcuts.Remove(shortcut);
-}
-
-// --- The control -----------------------------------------------------------------------------------
 
 CVornTreeItem* CVornTreeCtrl::CreateShortcut(CVornTreeItem* target, CVornTreeItem* parent,
                                              CVornTreeItem* insertAfter) {
@@ -71,13 +10,10 @@ CVornTreeItem* CVornTreeCtrl::CreateShortcut(CVornTreeItem* target, CVornTreeIte
   CVornTreeItem* const requestedParent = parent;
   parent = ResolveRoot(parent);
   if (!IsOwnItem(parent)) return nullptr;
-  SetRedraw(FALSE);
-  CVornTreeItem* shortcut = nullptr;
-  if (target->GetShortcutTarget() == nullptr && IsPlaceValid(requestedParent, insertAfter)) {
-    shortcut = target->CreateShortcut();
-    if (shortcut != nullptr) Place(shortcut, parent, insertAfter);
-  }
-  SetRedraw(TRUE);
+  const vorn::RedrawHold hold(this);
+  if (target->GetShortcutTarget() != nullptr || !IsPlaceValid(requestedParent, insertAfter)) return nullptr;
+  CVornTreeItem* const shortcut = target->CreateShortcut();
+  if (shortcut != nullptr) Place(shortcut, parent, insertAfter);
   return shortcut;
 }
 

@@ -2,11 +2,11 @@
 #include "VornTreeItem.h"
 
 #include "../../core/FontHeight.h"
-
 #include "../../core/ItemPool.h"
 #include "../VornTreeCtrl.h"
 #include "../layout/RowGeometry.h"
 #include "../layout/VornTreeOperations.h"
+#include "WithMemory.h"
 
 void* CVornTreeItem::operator new(size_t size) noexcept { return vorn::ItemPool::Allocate(size); }
 void* CVornTreeItem::operator new(size_t size, const std::nothrow_t&) noexcept {
@@ -269,11 +269,12 @@ int CVornTreeItem::Copy(const CVornTreeItem* source, bool deep) {
   while (true) {
     if (next != nullptr) {
       CVornTreeItem* child = new CVornTreeItem(source->m_pTree);
-      if (child == nullptr) {  // left out, with all that is below
+      const bool copied = child != nullptr && vorn::RunWithMemory([&] { child->CopyOwnFields(next); });
+      if (!copied) {  // left out, with all that is below
+        delete child;
         next = next->m_pNextSibling;
         continue;
       }
-      child->CopyOwnFields(next);
       child->m_pParent = to;
       from = next;
       to = child;
