@@ -124,7 +124,8 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   // Asks no permission. 1, or 0.
   int DeleteItem(CVornTreeItem* item);
   // Removes all children of parent (an item or STI_ROOT), which stays. Hook: OnDeleteItem(parent), with
-  // STI_ROOT for the root, first of all, when the selection is still in place; also if there are none. 1, or 0.
+  // STI_ROOT for the root, first of all, when the selection is still in place; also if there are none. 1, or
+  // 0.
   int DeleteAllItems(CVornTreeItem* parent);
   // Takes an item with its subtree to another place. insertAfter: STI_FIRST, STI_LAST or a child of
   // parent; null gives 0, unlike in InsertItem, and so does a place below the item itself. No hook; the
@@ -232,9 +233,9 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   // Gives the item a copy of font, measures it and repaints all. Null, or a font without a handle, takes its
   // own font away; the item then keeps the height of the font that it had.
   void SetItemFont(CVornTreeItem* item, CFont* font);
-  // Derives a font for the item by STFF_ bits from its font or the control's. Where a bit and its opposite are
-  // given the positive one wins, but both weights leave STIS_NOTBOLD. 1, also when the font is that already; 0
-  // for an invalid item, without a font to derive from, and without a bit that asks for something.
+  // Derives a font for the item by STFF_ bits from its font or the control's. Where a bit and its opposite
+  // are given the positive one wins, but both weights leave STIS_NOTBOLD. 1, also when the font is that
+  // already; 0 for an invalid item, without a font to derive from, and without a bit that asks for something.
   int UpdateItemFont(CVornTreeItem* item, unsigned int flags);
   // Colours: of the item, else of the control, else of the system. For an invalid item the system's window
   // text and the control's ground. ST_CLR_NONE takes the item's own away.
@@ -295,8 +296,8 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   // understood: ask with GetRootItem(). 0 or false for an invalid parent and for one without children.
 
   // By the host's comparison of data, below 0 when the first comes first; it must not touch the tree. Of
-  // children that it calls equal only the first stays in the tree: the others are unlinked, and neither deleted
-  // nor told of.
+  // children that it calls equal only the first stays in the tree: the others are unlinked, and neither
+  // deleted nor told of.
   int SortChildren(STSORTCB* sort);
   // By label, case apart; equal labels are kept, the later one in front when the search meets its equal.
   bool SortChildrenByName(CVornTreeItem* item);
@@ -388,8 +389,8 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
 
   // --- Permissions ---------------------------------------------------------------------------------
 
-  // Whether the item's denials, and STIS_NOMODIFY of it and its parent, allow something: see IsAllow. 1 for an
-  // invalid item.
+  // Whether the item's denials, and STIS_NOMODIFY of it and its parent, allow something: see IsAllow. 1 for
+  // an invalid item.
   int CanDeleteItem(CVornTreeItem* item) { return IsAllow(item, STIS_NODELETE); }
   int CanDragItem(CVornTreeItem* item) { return IsAllow(item, STIS_NODRAG); }
   int CanDropItem(CVornTreeItem* item) { return IsAllow(item, STIS_NODROP); }
@@ -428,7 +429,8 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   // (...ed) are ignored. Inside every one the host may delete the item, all items, or the window.
 
   // Before the selection moves from old, the last selected item or null, to item: for a click, a key and
-  // SelectItem, and with old null for each row of a range. 0 keeps the selection; the focus moves all the same.
+  // SelectItem, and with old null for each row of a range. 0 keeps the selection; the focus moves all the
+  // same.
   virtual int OnSelChanging(CVornTreeItem* old, CVornTreeItem* item);
   // When the selection has changed; with item null when old was taken out of it by the host.
   virtual int OnSelChanged(CVornTreeItem* old, CVornTreeItem* item);
@@ -436,12 +438,12 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   // keeps the selection. In between OnSelChanging and OnSelChanged run for each row.
   virtual int OnMultiSelChanging(CVornTreeItem* old, CVornTreeItem* item);
   virtual int OnMultiSelChanged(CVornTreeItem* old, CVornTreeItem* item);
-  // A press on the item's image (flags 0) or its state image (1), before the selection hears of it. 0: the host
-  // has taken the press, and a quick second one is no double click.
+  // A press on the item's image (flags 0) or its state image (1), before the selection hears of it. 0: the
+  // host has taken the press, and a quick second one is no double click.
   virtual int OnItemIconClic(CVornTreeItem* item, int flags);
   // Before and after Expand changes an item; 0 from the first leaves it as it is, and Expand gives 0. The
-  // place to insert the children of an item with STIS_HASCHILDREN. With the ...ALL codes once, for the item that
-  // was named.
+  // place to insert the children of an item with STIS_HASCHILDREN. With the ...ALL codes once, for the item
+  // that was named.
   virtual int OnItemExpanding(CVornTreeItem* item);
   virtual int OnItemExpanded(CVornTreeItem* item);
   // A double click on image, label or state image. Exactly 1 goes on to open or close the item.
@@ -451,8 +453,8 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   virtual int OnBeginDrag(CVornTreeItem* item, const CPoint& point);
   // Before item becomes the drop target. 0 refuses this one.
   virtual int OnDragOver(CVornTreeItem* item);
-  // Before items are dropped on target. copy: 1 for copies; flags: 1 when order among brothers counts. 0 cancels
-  // the whole drop, and OnEndDrop does not come.
+  // Before items are dropped on target. copy: 1 for copies; flags: 1 when order among brothers counts. 0
+  // cancels the whole drop, and OnEndDrop does not come.
   virtual int OnBeginDrop(CVornTreeItemArray& items, CVornTreeItem* target, int copy, int flags);
   // For each item of a drop, with the item in its new place. 0 skips it. With null and null: the drag is off.
   virtual int OnDrop(CVornTreeItem* item, CVornTreeItem* target);

@@ -66,7 +66,7 @@ CVornTreeItem* CVornTreeOperations::FindByPrefix(CVornTreeItem* start, const wch
 void CVornTreeOperations::OnItemVisibilityChanged(CVornTreeItem* item, int visible) const {
   CVornTreeItem* parent = item->m_pParent;
   if (parent == nullptr) return;
-  m_pTree->OnRowsChanged();
+  if (m_pTree != nullptr) m_pTree->OnRowsChanged();
   const int sign = visible ? 1 : -1;
   const int rows = parent->IsExpanded() ? item->m_nVisibleDescendants + 1 : 0;
   parent->m_nHiddenDescendants -= sign;
