@@ -74,45 +74,63 @@ void CVornTreeDC::DrawOwnButton(CRect box, unsigned int kind) {
 
 // --- Images ----------------------------------------------------------------------------------------
 
+int CVornTreeDC::CheckBoxWidth(const CVornTreeItem* pItem, unsigned int style) const {
+  if (m_pTree == nullptr || m_pTree->GetImageList(STIL_CHECKBOX) == nullptr) return 0;
+  const bool hasOne = pItem->HasExtFlag(STIX_CHECKBOX) || (style & STS_CHECKBOXES) != 0;
+  return hasOne ? vorn::kCellWidth : 0;
+}
+
+int CVornTreeDC::StateImageWidth(const CVornTreeItem* pItem) const {
+  CSize size;
+  if (m_pTree == nullptr || pItem->m_nStateImage == -1 || m_pTree->GetImageList(STIL_STATE) == nullptr)
+    return 0;
+  return m_pTree->GetImageSize(STIL_STATE, &size) ? size.cx : 0;
+}
+
+int CVornTreeDC::ImageWidth(const CVornTreeItem* pItem) const {
+  CSize size;
+  if (m_pTree == nullptr || m_pTree->GetImageList(STIL_NORMAL) == nullptr) return 0;
+  if ((pItem->IsSelected() ? pItem->m_nSelectedImage : pItem->m_nImage) == -1) return 0;
+  return m_pTree->GetImageSize(STIL_NORMAL, &size) ? size.cx : 0;
+}
+
 int CVornTreeDC::DrawCheckBox(CRect* pRect, CVornTreeItem* pItem, unsigned long style) {
-  CImageList* const images = m_pTree != nullptr ? m_pTree->GetImageList(STIL_CHECKBOX) : nullptr;
-  if (images == nullptr || pRect == nullptr || !IsItemValid(pItem)) return 0;
-  if (!pItem->HasExtFlag(STIX_CHECKBOX) && !(style & STS_CHECKBOXES)) return 0;
+  if (pRect == nullptr || !IsItemValid(pItem)) return 0;
+  const int width = CheckBoxWidth(pItem, static_cast<unsigned int>(style));
+  if (width == 0) return 0;
   const int y = pRect->top + (pRect->Height() - vorn::kCellWidth) / 2;
-  ::ImageList_Draw(images->GetSafeHandle(), pItem->IsChecked() ? 1 : 0, GetSafeHdc(), pRect->left, y,
-                   ILD_TRANSPARENT);
-  pRect->OffsetRect(vorn::kCellWidth, 0);
+  ::ImageList_Draw(m_pTree->GetImageList(STIL_CHECKBOX)->GetSafeHandle(), pItem->IsChecked() ? 1 : 0,
+                   GetSafeHdc(), pRect->left, y, ILD_TRANSPARENT);
+  pRect->OffsetRect(width, 0);
   return 1;
 }
 
 int CVornTreeDC::DrawImageState(CRect* pRect, CVornTreeItem* pItem) {
-  if (m_pTree == nullptr || pRect == nullptr || !IsItemValid(pItem) || pItem->m_nStateImage == -1) return 0;
-  CImageList* const images = m_pTree->GetImageList(STIL_STATE);
+  if (pRect == nullptr || !IsItemValid(pItem)) return 0;
+  const int width = StateImageWidth(pItem);
+  if (width == 0) return 0;
   CSize size;
-  if (images == nullptr || images->GetSafeHandle() == nullptr || !m_pTree->GetImageSize(STIL_STATE, &size))
-    return 0;
+  m_pTree->GetImageSize(STIL_STATE, &size);
   const int y = pRect->top + (pRect->Height() - size.cy) / 2;
-  ::ImageList_Draw(images->GetSafeHandle(), pItem->m_nStateImage, GetSafeHdc(), pRect->left, y,
-                   ILD_TRANSPARENT);
-  pRect->OffsetRect(size.cx, 0);
+  ::ImageList_Draw(m_pTree->GetImageList(STIL_STATE)->GetSafeHandle(), pItem->m_nStateImage, GetSafeHdc(),
+                   pRect->left, y, ILD_TRANSPARENT);
+  pRect->OffsetRect(width, 0);
   return 1;
 }
 
 int CVornTreeDC::DrawImage(CRect* pRect, CVornTreeItem* pItem, unsigned long style) {
-  CImageList* const images = m_pTree != nullptr ? m_pTree->GetImageList(STIL_NORMAL) : nullptr;
+  if (pRect == nullptr || !IsItemValid(pItem) || ImageWidth(pItem) == 0) return 0;
+  const HIMAGELIST images = m_pTree->GetImageList(STIL_NORMAL)->GetSafeHandle();
   CSize size;
-  if (images == nullptr || pRect == nullptr || !IsItemValid(pItem)) return 0;
-  if (!m_pTree->GetImageSize(STIL_NORMAL, &size)) return 0;
-  const bool selected = pItem->IsSelected();
-  if ((selected ? pItem->m_nSelectedImage : pItem->m_nImage) == -1) return 0;
+  m_pTree->GetImageSize(STIL_NORMAL, &size);
   const bool expanded = (style & STS_EXPANDEDIMAGE) && pItem->IsExpanded();
-  const int index = selected || expanded ? pItem->m_nSelectedImage : pItem->m_nImage;
+  const int index = pItem->IsSelected() || expanded ? pItem->m_nSelectedImage : pItem->m_nImage;
   const int x = pRect->left, y = pRect->top + (pRect->Height() - size.cy) / 2;
-  if (HICON icon = ::ImageList_GetIcon(images->GetSafeHandle(), index, 0)) {
+  if (HICON icon = ::ImageList_GetIcon(images, index, 0)) {
     ::DrawIconEx(GetSafeHdc(), x, y, icon, size.cx, size.cy, 0, nullptr, DI_NORMAL);
     ::DestroyIcon(icon);
   } else {
-    ::ImageList_Draw(images->GetSafeHandle(), index, GetSafeHdc(), x, y, ILD_TRANSPARENT);
+    ::ImageList_Draw(images, index, GetSafeHdc(), x, y, ILD_TRANSPARENT);
   }
   // A shortcut whose target has died turns into an ordinary item here.
   constexpr int kMarkSize = 7;

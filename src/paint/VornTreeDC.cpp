@@ -1,8 +1,6 @@
 // A row as a whole: its columns, lines and connector. Button, images and label are in TreeRowParts.cpp.
 #include "VornTreeDC.h"
 
-#include <algorithm>
-
 #include "../tree/VornTreeCtrl.h"
 #include "../tree/layout/RowGeometry.h"
 #include "../tree/model/VornTreeItem.h"
@@ -11,29 +9,20 @@ namespace {
 
 enum Side : unsigned long { kUp = 1, kLeft = 2, kRight = 4, kDown = 8 };
 
-constexpr unsigned int kLinesAtRoot = STS_HASLINES | STS_LINESATROOT;
-
-bool HasLinesAtRoot(unsigned int style) { return (style & kLinesAtRoot) == kLinesAtRoot; }
-
 COLORREF Complement(COLORREF color) { return ~color & 0x00FFFFFF; }
 
-vorn::RowPurpose PurposeOf(VornTreePaintMode mode) {
-  if (mode == VornTreePaintDragPlain) return vorn::RowPurpose::DragPlain;
-  return mode == VornTreePaintDragItem ? vorn::RowPurpose::DragItem : vorn::RowPurpose::Window;
+vorn::RowUse UseOf(VornTreePaintMode mode) {
+  if (mode == VornTreePaintDragPlain) return vorn::RowUse::PaintDragPlain;
+  return mode == VornTreePaintDragItem ? vorn::RowUse::PaintDragItem : vorn::RowUse::Paint;
 }
 
-// Every second place from one on to another; those before low cannot be seen and are passed over.
-template <typename Set>
-void DotsOn(int from, int to, int low, Set set) {
-  if (from < low) from += (low - from + 1) / 2 * 2;
-  for (int at = from; at <= to; at += 2) set(at);
-}
-
-// The same downwards; those beyond high cannot be seen.
-template <typename Set>
-void DotsBack(int from, int to, int high, Set set) {
-  if (from > high) from -= (from - high + 1) / 2 * 2;
-  for (int at = from; at >= to; at -= 2) set(at);
+// Calls plot for every second position from low to high, both included, that middle is one of; left out
+// are those that a clip from clipLow to clipHigh hides anyway.
+template <class Plot>
+void EverySecond(int middle, int low, int high, int clipLow, int clipHigh, Plot plot) {
+  if (low < clipLow) low = clipLow;
+  if (high >= clipHigh) high = clipHigh - 1;
+  for (int at = low + ((middle - low) & 1); at <= high; at += 2) plot(at);
 }
 
 }  // namespace
@@ -63,22 +52,27 @@ void CVornTreeDC::DrawVornLine(CRect* pRect, unsigned long color, unsigned long 
   const int x = pRect->left + vorn::kCellMiddle;
   const int y = pRect->top - 1 + pRect->Height() / 2;
   CRect clip;
-  ::GetClipBox(m_hDC, &clip);
-  const auto across = [&](int at) { SetPixelV(at, y, line); };
-  const auto along = [&](int at) { SetPixelV(x, at, line); };
-  if (sides & kUp) DotsBack(y, std::max(pRect->top, clip.top), clip.bottom, along);
-  if (sides & kDown) DotsOn(y, std::min(pRect->bottom, clip.bottom), clip.top, along);
-  if (sides & kLeft) DotsBack(x, std::max(pRect->left, clip.left), clip.right, across);
-  if (sides & kRight) DotsOn(x, std::min(pRect->right, clip.right), clip.left, across);
+  GetClipBox(clip);
+  const auto down = [&](int low, int high) {
+    if (x < clip.left || x >= clip.right) return;
+    EverySecond(y, low, high, clip.top, clip.bottom, [&](int at) { SetPixelV(x, at, line); });
+  };
+  const auto across = [&](int low, int high) {
+    EverySecond(x, low, high, clip.left, clip.right, [&](int at) { SetPixelV(at, y, line); });
+  };
+  if (sides & kUp) down(pRect->top, y);
+  if (sides & kDown) down(y, pRect->bottom);
+  if (sides & kLeft) across(pRect->left, x);
+  if (sides & kRight) across(x, pRect->right);
 }
 
 void CVornTreeDC::DrawBrotherLine(CRect* pRect, CVornTreeItem* pItem, unsigned long style, long levelOffset) {
   if (pRect == nullptr || !IsItemValid(pItem)) return;
   const unsigned int bits = static_cast<unsigned int>(style);
+  const unsigned int indent = m_pTree != nullptr ? m_pTree->GetIndent() : 0;
   const int level = pItem->m_nLevel;
-  const int indent = m_pTree != nullptr ? vorn::UsableIndent(m_pTree->GetIndent(), level) : 0;
-  const bool linesAtRoot = HasLinesAtRoot(bits);
-  if (!linesAtRoot) pRect->OffsetRect(-indent, 0);
+  const int rootColumn = vorn::HasLinesAtRoot(bits) ? 0 : vorn::WidthOfLevels(indent, 1);
+  pRect->OffsetRect(-rootColumn, 0);
   // From the item's own column back to the first one, for the ancestors are met in that order.
   const int first = pRect->left;
   const CVornTreeItem* ancestor = pItem;
@@ -87,22 +81,18 @@ void CVornTreeDC::DrawBrotherLine(CRect* pRect, CVornTreeItem* pItem, unsigned l
     if (ancestor == nullptr) break;
     const bool goesOn = ancestor->GetNextVisibleSibling() != nullptr;
     if (!goesOn || !(bits & STS_HASLINES) || (k == 1 && !(bits & STS_LINESATROOT))) continue;
-    const int left = first + (k - 1) * indent;
+    const int left = first + vorn::WidthOfLevels(indent, k - 1);
     CRect cell(left, pRect->top, left + vorn::kCellWidth, pRect->bottom);
     DrawVornLine(&cell, m_clrLine, kUp | kDown);
   }
-  if (level >= 2) pRect->OffsetRect((level - 2) * indent, 0);
-  if (!linesAtRoot) pRect->OffsetRect(indent, 0);
-}
-
-bool CVornTreeDC::StepsOverCell(unsigned int style, bool isFirstLevel) const {
-  return !isFirstLevel || HasLinesAtRoot(style);
+  if (level >= 2) pRect->OffsetRect(vorn::WidthOfLevels(indent, level - 2), 0);
+  pRect->OffsetRect(rootColumn, 0);
 }
 
 void CVornTreeDC::DrawConnector(const CRect& cell, CVornTreeItem* pItem, unsigned int style,
                                 bool isFirstLevel) {
   if (IsForDrag()) return;
-  const bool hasLines = isFirstLevel ? HasLinesAtRoot(style) : (style & STS_HASLINES) != 0;
+  const bool hasLines = isFirstLevel ? vorn::HasLinesAtRoot(style) : (style & STS_HASLINES) != 0;
   if (!hasLines) return;
   const bool hasNext = pItem->GetNextVisibleSibling() != nullptr;
   const bool hasPrev = pItem->GetPrevVisibleSibling() != nullptr;
@@ -115,50 +105,51 @@ void CVornTreeDC::DrawConnector(const CRect& cell, CVornTreeItem* pItem, unsigne
 
 // --- The row ---------------------------------------------------------------------------------------
 
-void CVornTreeDC::DrawItem(const CRect& rect, CVornTreeItem* pItem, unsigned long style, long levelOffset) {
-  if (!IsItemValid(pItem)) return;
-  CRect line(rect.left + vorn::kRowMargin, rect.top, rect.right - vorn::kRowMargin, rect.bottom);
-  if (line.Width() <= 0) return;
-
-  const unsigned int bits = static_cast<unsigned int>(style);
+vorn::RowShape CVornTreeDC::ShapeOf(CVornTreeItem* pItem, unsigned int style, long levelOffset) const {
   vorn::RowShape shape;
   shape.level = pItem->m_nLevel;
   shape.levelOffset = static_cast<int>(levelOffset);
-  shape.style = bits;
-  shape.indent = m_pTree != nullptr ? vorn::UsableIndent(m_pTree->GetIndent(), shape.level) : 0;
-  const vorn::RowColumns columns = vorn::ColumnsOf(shape, rect.left, PurposeOf(m_nPaintMode));
+  shape.style = style;
+  shape.indent = m_pTree != nullptr ? m_pTree->GetIndent() : 0;
+  shape.checkBox = CheckBoxWidth(pItem, style);
+  shape.stateImage = StateImageWidth(pItem);
+  shape.image = ImageWidth(pItem);
+  shape.textWidth = pItem->m_nTextWidth;
+  return shape;
+}
 
-  const bool keepsPlace = m_nPaintMode != VornTreePaintNormal;
-  CRect item(0, 0, pItem->m_nTextWidth + vorn::kLabelMargins, pItem->GetItemHeight());
-  if (keepsPlace) {
-    item = pItem->m_Rect;
-    item.left = 0;
-    item.right = line.right;
-    item.OffsetRect(0, -item.top);
-  }
-  item.OffsetRect(line.left, line.top);
+// The height of the row: of the window's paint as it is now, else as it was there.
+int CVornTreeDC::RowHeight(const CVornTreeItem* pItem) const {
+  return m_nPaintMode == VornTreePaintNormal ? pItem->GetItemHeight() : CRect(pItem->m_Rect).Height();
+}
+
+void CVornTreeDC::DrawItem(const CRect& rect, CVornTreeItem* pItem, unsigned long style, long levelOffset) {
+  if (!IsItemValid(pItem)) return;
+  if (rect.Width() <= 2 * vorn::kRowMargin) return;
+  const unsigned int bits = static_cast<unsigned int>(style);
+  const vorn::RowZones zones =
+      vorn::CutRow(ShapeOf(pItem, bits, levelOffset), rect.left, UseOf(m_nPaintMode));
+  CRect item(zones.start, rect.top, zones.end, rect.top + RowHeight(pItem));
+
   if (m_nPaintMode != VornTreePaintDragPlain) {
     CRect ancestors = item;
     DrawBrotherLine(&ancestors, pItem, style, levelOffset);
   }
-
-  CRect cell(columns.cell, item.top, columns.cell + shape.indent, item.bottom);
-  const bool isFirstLevel = pItem->m_nLevel == 1;
-  DrawConnector(cell, pItem, bits, isFirstLevel);
-  if (columns.hasButton) {
+  const int indent = m_pTree != nullptr ? vorn::WidthOfLevels(m_pTree->GetIndent(), 1) : 0;
+  CRect cell(zones.cell, item.top, zones.cell + indent, item.bottom);
+  DrawConnector(cell, pItem, bits, pItem->m_nLevel == 1);
+  if (zones.hasButton && !IsForDrag() && pItem->HasVisibleChild()) {
     cell.right = cell.left + vorn::kCellWidth;
-    const bool canOpen = pItem->HasVisibleChild() || pItem->HasState(STIS_HASCHILDREN);
-    if (canOpen && !IsForDrag()) DrawItemButton(&cell, pItem->IsExpanded() ? 2 : 1, style);
+    DrawItemButton(&cell, pItem->IsExpanded() ? 2 : 1, style);
   }
-  const int left = StepsOverCell(bits, isFirstLevel) ? columns.contentIfStepped : columns.content;
-  item.OffsetRect(left - item.left, 0);
 
-  int drawn = DrawCheckBox(&item, pItem, style);
-  drawn |= DrawImageState(&item, pItem);
-  drawn |= DrawImage(&item, pItem, style);
-  if (drawn) item.OffsetRect(vorn::kImageGap, 0);
+  item.left = zones.checkBox;
+  DrawCheckBox(&item, pItem, style);
+  DrawImageState(&item, pItem);
+  DrawImage(&item, pItem, style);
+  item.left = zones.label;
   DrawItemText(&item, pItem, style);
-  if (!keepsPlace) pItem->m_Rect = item;
+  if (m_nPaintMode == VornTreePaintNormal) pItem->m_Rect = item;
 }
 
 int CVornTreeDC::RedrawItem(CVornTreeCtrl* pTree, CVornTreeItem* pItem) {

@@ -10,6 +10,10 @@
 
 class CVornTreeCtrl;
 
+namespace vorn {
+struct RowShape;
+}
+
 // What a row is drawn for.
 enum VornTreePaintMode {
   VornTreePaintNormal = 0,     // a repaint of the window; the item's rectangle is left where it was drawn
@@ -60,7 +64,12 @@ class VORNCOMCTL_API CVornTreeDC : public CVornDC {
     return m_nPaintMode == VornTreePaintDragItem || m_nPaintMode == VornTreePaintDragPlain;
   }
   void DrawConnector(const CRect& cell, CVornTreeItem* pItem, unsigned int style, bool isFirstLevel);
-  bool StepsOverCell(unsigned int style, bool isFirstLevel) const;
+  vorn::RowShape ShapeOf(CVornTreeItem* pItem, unsigned int style, long levelOffset) const;
+  int RowHeight(const CVornTreeItem* pItem) const;
+  // Pixels that each takes in a row; 0: it is not drawn.
+  int CheckBoxWidth(const CVornTreeItem* pItem, unsigned int style) const;
+  int StateImageWidth(const CVornTreeItem* pItem) const;
+  int ImageWidth(const CVornTreeItem* pItem) const;
   void DrawOwnButton(CRect box, unsigned int kind);
   void DrawShortcutMark(int x, int y);
   LabelColors ColorsOf(CVornTreeItem* pItem, unsigned int style, bool hot) const;

@@ -343,10 +343,10 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   // Scrolls so that the item is the first row.
   int SetFirstVisible(CVornTreeItem* item);
   int SelectSetFirstVisible(CVornTreeItem* item);
-  // The row under a point in client coordinates, or null. *flags (may be null) gets the zone added to
-  // what it holds: 0x0002 image, 0x0004 label, 0x0008 indentation, 0x0010 button, 0x0020 right of the
-  // label, 0x0040 check box, 0x1000 state image; without a row 0x0100 above, 0x0200 below, 0x0400 right,
-  // 0x0800 left of the window; in an empty tree nothing.
+  // The row under a point in client coordinates, or null. *flags (may be null) becomes the zone: 0x0002
+  // image, 0x0004 label, 0x0008 indentation, 0x0010 button, 0x0020 right of the label, 0x0040 check box,
+  // 0x1000 state image; without a row 0x0100 above, 0x0200 below, 0x0400 right, 0x0800 left of the window; in
+  // an empty tree nothing.
   CVornTreeItem* HitTest(CPoint point, unsigned int* flags);
   // The place of an item that is on screen, as the last paint left it; empty and 0 otherwise.
   int GetItemRect(CVornTreeItem* item, RECT* rect, int textOnly);
@@ -614,6 +614,7 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   void MoveHotMark(CVornTreeItem* item, unsigned int zone);
   void UseSharedImages();
   void RepaintNow();
+  void RepaintSelection();
   void LayoutAfterResize(const WINDOWPOS& place);
   void CreateRoot();
   void MakeOptionsCurrent();

@@ -122,6 +122,12 @@ int TextWidth(const DeviceContext& dc, const wchar_t* text, size_t length) {
   return static_cast<int>(std::clamp<long long>(width, 0, 0x7ffffff));
 }
 
+namespace {
+
+// Nothing has no height either.
+int HeightOfText(const DeviceContext& dc, int length) { return length == 0 ? 0 : TypefaceOf(dc).Height(); }
+
+}  // namespace
 }  // namespace desktop
 
 using namespace desktop;
@@ -179,7 +185,7 @@ BOOL WINAPI GetTextExtentPoint32W(HDC handle, LPCWSTR text, int length, LPSIZE e
   WorldLock lock(WorldMutex());
   DeviceContext* dc = FindDC(handle);
   if (!dc || !extent || length < 0 || (!text && length > 0)) return FALSE;
-  *extent = {TextWidth(*dc, text, static_cast<size_t>(length)), TypefaceOf(*dc).Height()};
+  *extent = {TextWidth(*dc, text, static_cast<size_t>(length)), HeightOfText(*dc, length)};
   return TRUE;
 }
 
@@ -203,7 +209,7 @@ BOOL WINAPI GetTextExtentExPointW(HDC handle, LPCWSTR text, int length, int maxE
     if (partial && (!fit || fitting == i + 1)) partial[i] = width;
   }
   if (fit) *fit = fitting;
-  *extent = {width, face.Height()};
+  *extent = {width, HeightOfText(*dc, length)};
   return TRUE;
 }
 

@@ -1,7 +1,8 @@
 // How a row is cut into zones, left to right, from plain values. The one author of every offset that
 // painting, hit testing, the label's right end and the edit box share. Internal.
 //
-// The three cuts differ on purpose where hosts have come to rely on it; each difference stands here.
+// Painting and hit testing differ on purpose where hosts have come to rely on it; each difference is one of
+// the branches of CutRow.
 #pragma once
 
 #include <windows.h>
@@ -9,12 +10,12 @@
 namespace vorn {
 
 inline constexpr int kRowMargin = 2;        // left and right of a row
-inline constexpr int kCellWidth = 16;       // of a line's cell, and of each image in hit testing
+inline constexpr int kCellWidth = 16;       // of a line's cell, of a check box, of any image in hit testing
 inline constexpr int kCellMiddle = 7;       // x of a vertical line in its cell
 inline constexpr int kImageGap = 2;         // behind the images
 inline constexpr int kLabelMargins = 4;     // what a label's rectangle adds to the text's width
 inline constexpr int kLabelIndent = 2;      // of the text in that rectangle
-inline constexpr int kHitLabelMargins = 6;  // what hit testing adds instead
+inline constexpr int kHitLabelMargins = 6;  // what hit testing adds instead: the gap is the label's
 
 // Hit flags, see CVornTreeCtrl::HitTest.
 enum : unsigned int {
@@ -35,39 +36,46 @@ struct RowShape {
   int level = 1;        // 1 for a top-level item
   int levelOffset = 0;  // 1 when only the active document is shown
   unsigned int style = 0;
-  int indent = 0;  // pixels per level
-  bool hasCheckBox = false;
-  bool hasStateImage = false;
-  bool hasImage = false;
-  int textWidth = 0;  // pixels
+  unsigned int indent = 0;  // pixels per level
+  // Pixels that each takes, 0: it is not there. Painting knows the images' sizes, for all others each that
+  // is there is as wide as a cell.
+  int checkBox = 0;
+  int stateImage = 0;
+  int image = 0;
+  int textWidth = 0;
 };
 
-// A host's indent as rows use it: what no row could show is held back, so that sums of columns stay in range.
-int UsableIndent(unsigned int indent, int level);
+// What a row is cut for.
+enum class RowUse { Paint, PaintDragItem, PaintDragPlain, HitTest };
 
-// Whether the style shows lines or buttons at the first level: it then has a column of its own.
-bool HasRootColumn(unsigned int style);
+// The x at which each zone starts; it ends where the next one starts, also when it is empty.
+struct RowZones {
+  int start;       // behind the margin: the indentation
+  int cell;        // the last column of the indentation: connector and button
+  bool hasButton;  // that column is a button's, whether or not the item has children
+  int checkBox;
+  int stateImage;
+  int image;
+  int label;
+  int end;  // of the label
+};
 
-// The zone of a point in a row. left: where the row begins. Zones are as wide as the cells, whatever the
-// images' size, and one that was missed still takes its room.
-unsigned int HitRow(const RowShape& shape, const RECT& row, POINT point);
+// left: where the row begins.
+RowZones CutRow(const RowShape& shape, int left, RowUse use);
+
+// The zone, one of the hit flags, of a point with this x in a row that begins at left.
+unsigned int HitRow(const RowShape& shape, int left, int x);
 
 // The x of the end of the label, for the scroll range. Meant: the state image is not counted, and the
 // level shows only behind a check box or an image.
 int LabelRight(const RowShape& shape);
 
-// What a row is painted for.
-enum class RowPurpose { Window, DragItem, DragPlain };
+// The width of some levels of indentation. Stays in the range of drawing coordinates, whatever the indent.
+int WidthOfLevels(unsigned int indent, int levels);
 
-struct RowColumns {
-  int ancestors;         // x of the cell of the first ancestor's line
-  int cell;              // x of the connector's and button's cell
-  bool hasButton;        // the cell is a button's column
-  int content;           // x of what follows the cell, when the connector has its say (see below)
-  int contentIfStepped;  // the same when the connector asks to step over the cell
-};
-
-// The columns of a row that is painted from left on.
-RowColumns ColumnsOf(const RowShape& shape, int left, RowPurpose purpose);
+// Whether the style shows lines or buttons at the first level: it then has a column of its own.
+bool HasRootColumn(unsigned int style);
+// Whether it shows lines there.
+bool HasLinesAtRoot(unsigned int style);
 
 }  // namespace vorn

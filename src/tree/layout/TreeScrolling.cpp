@@ -3,6 +3,7 @@
 #include "../../selection/VornTreeSelection.h"
 #include "../VornTreeCtrl.h"
 #include "../model/TreeCheck.h"
+#include "RowGeometry.h"
 #include "VornTreeOperations.h"
 
 namespace {
@@ -124,7 +125,7 @@ void CVornTreeCtrl::SetVerticalBar(bool on, int height, int pos) {
 
 // Scrolls sideways to the item's level if that, or the end of its label, is out of the window.
 void CVornTreeCtrl::ScrollToLevel(CVornTreeItem* item, int redraw) {
-  const int left = static_cast<int>(m_nIndent) * (item->m_nLevel - 1);
+  const int left = vorn::WidthOfLevels(m_nIndent, item->m_nLevel - 1);
   CRect client;
   ::GetClientRect(m_hWnd, client);
   client.OffsetRect(GetScrollPos(SB_HORZ), 0);

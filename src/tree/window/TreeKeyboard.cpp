@@ -195,10 +195,17 @@ int CVornTreeCtrl::OnTypeAhead(unsigned __int64 character, __int64 lParam) {
 void CVornTreeCtrl::OnSetFocus(CWnd* old) {
   MakeOptionsCurrent();
   CWnd::OnSetFocus(old);
+  RepaintSelection();
+}
+
+// The colours of selected rows depend on the focus.
+void CVornTreeCtrl::RepaintSelection() {
+  if (GetLastSelectedItem() != nullptr) InvalidateAll(false);
 }
 
 void CVornTreeCtrl::OnKillFocus(CWnd* next) {
   CWnd::OnKillFocus(next);
+  RepaintSelection();
   if (next != nullptr && next->GetSafeHwnd() == EditWindow()) return;
   ::KillTimer(m_hWnd, vorn::kEditTimer);
   if (m_pEdit != nullptr) m_pEdit->EndEdit(0);

@@ -85,18 +85,20 @@ void CVornTreeCtrl::DoScroll(int bar, unsigned int code, unsigned int pos) {
   const int side = bar == SB_HORZ ? SB_HORZ : SB_VERT;
   const int page = side == SB_HORZ ? client.Width() : client.Height();  // pixels on both bars, meant
   const int current = GetScrollPos(side);
-  int delta = 0;
+  long long delta = 0;
   switch (code) {
     case SB_LINEUP: delta = -kDoScrollLine; break;
     case SB_LINEDOWN: delta = kDoScrollLine; break;
     case SB_PAGEUP: delta = -page; break;
     case SB_PAGEDOWN: delta = page; break;
     case SB_THUMBPOSITION:
-    case SB_THUMBTRACK: delta = static_cast<int>(pos) - current; break;
+    case SB_THUMBTRACK: delta = static_cast<long long>(static_cast<int>(pos)) - current; break;
     default: return;
   }
+  if (delta == 0) return;
   int lowest = 0, highest = 0;
   CWnd::GetScrollRange(side, &lowest, &highest);
-  const int position = Larger(lowest, Smaller(highest, current + delta));
+  const long long wanted = current + delta;
+  const int position = wanted < lowest ? lowest : wanted > highest ? highest : static_cast<int>(wanted);
   if (position != current) SetScrollPos(side, position, TRUE);
 }
