@@ -35,6 +35,13 @@ DESKTOP_API long AllocationsSeen();
 // For the replaced operator new, called from caller: true when this allocation is to fail.
 DESKTOP_API bool AllocationFailsHere(const void* caller);
 
+// Counts how often each pixel of a window's client area lies in the area of a drawing operation on the
+// screen, from here to StopCountingWrites: a paint without flicker has no count above 1. False if the
+// window is none. The window must neither move nor change its size meanwhile.
+DESKTOP_API bool StartCountingWrites(HWND window);
+// The counts, row by row; none if nothing was counted.
+DESKTOP_API std::vector<unsigned> StopCountingWrites();
+
 // What is alive, for leak tests. Stock objects, the desktop window and system classes do not count.
 struct LiveCounts {
   int windows;

@@ -51,7 +51,9 @@ BOOL WINAPI SetPixelV(HDC handle, int x, int y, COLORREF color) {
   POINT point = dc->ToSurface(x, y);
   if (!dc->Clip().Contains(point.x, point.y)) return TRUE;
   Canvas canvas(*dc);
-  if (canvas) canvas.Pixels().row(point.y)[point.x] = ColorWord(*dc, color);
+  if (!canvas) return TRUE;
+  CountWrite(dc->target.surface.get(), {point.x, point.y, point.x + 1, point.y + 1});
+  canvas.Pixels().row(point.y)[point.x] = ColorWord(*dc, color);
   return TRUE;
 }
 

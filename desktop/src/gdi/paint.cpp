@@ -215,7 +215,10 @@ void FillArea(DeviceContext& dc, const Region& area, const Paint& paint, BYTE ro
   if (!canvas) return;
   Region clipped = area;
   clipped &= dc.Clip();
-  for (const RECT& piece : clipped.Rects()) FillPiece(canvas.Pixels(), piece, paint, rop);
+  for (const RECT& piece : clipped.Rects()) {
+    CountWrite(dc.target.surface.get(), piece);
+    FillPiece(canvas.Pixels(), piece, paint, rop);
+  }
 }
 
 void PutBlock(DeviceContext& dc, const Block& block, const Paint& paint, BYTE rop) {

@@ -9,6 +9,7 @@
 #include <windows.h>
 
 #include "device_context.h"
+#include "write_count.h"
 
 namespace desktop {
 
@@ -51,7 +52,9 @@ void ForEachPiece(DeviceContext& dc, const RECT& area, Draw draw) {
     RECT piece{rect.left > area.left ? rect.left : area.left, rect.top > area.top ? rect.top : area.top,
                rect.right < area.right ? rect.right : area.right,
                rect.bottom < area.bottom ? rect.bottom : area.bottom};
-    if (piece.left < piece.right && piece.top < piece.bottom) draw(piece);
+    if (piece.left >= piece.right || piece.top >= piece.bottom) continue;
+    CountWrite(dc.target.surface.get(), piece);
+    draw(piece);
   }
 }
 

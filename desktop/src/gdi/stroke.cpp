@@ -64,8 +64,9 @@ bool Stroke::DashAt(long long position) const {
 
 void Stroke::Plot(const Canvas& canvas, int x, int y, bool on) {
   if (!on && !m_fillsGaps) return;
-  if (m_dc.Clip().Contains(x, y))
-    RopRow(m_rop, canvas.Pixels().row(y) + x, nullptr, on ? &m_word : &m_gapWord, 1);
+  if (!m_dc.Clip().Contains(x, y)) return;
+  CountWrite(m_dc.target.surface.get(), {x, y, x + 1, y + 1});
+  RopRow(m_rop, canvas.Pixels().row(y) + x, nullptr, on ? &m_word : &m_gapWord, 1);
 }
 
 void Stroke::Line(POINT from, POINT to) {

@@ -1,6 +1,7 @@
 // DCs of windows: what they may draw on, and who has one.
 #include <algorithm>
 
+#include "gdi/write_count.h"
 #include "user/user.h"
 
 using namespace desktop;
@@ -216,6 +217,7 @@ void MovePixels(Surface& surface, const RECT& from, int dx, int dy, const Region
   for (int y = source.top; y < source.bottom; ++y)
     copy.insert(copy.end(), surface.row(y) + source.left, surface.row(y) + source.right);
   for (const RECT& rect : target.Rects()) {
+    CountWrite(&surface, rect);
     for (int y = rect.top; y < rect.bottom; ++y) {
       const auto row = static_cast<size_t>(y - dy - source.top) * static_cast<size_t>(width);
       const uint32_t* from32 = copy.data() + row + (rect.left - dx - source.left);

@@ -47,9 +47,9 @@ void CVornTreeCtrl::DrawRows(CVornTreeDC& dc, CVornTreeItem* first) {
        item = GetNextVisibleItem(item)) {
     m_pLastDisplay = item;
     dc.DrawItem(row, item, style, levelOffset);
-    if (m_pSelection != nullptr && item == focus && IsFocusRectVisible()) {
-      dc.DrawFocusRect(CRect(item->m_Rect));
-    }
+    const bool framed = m_pSelection != nullptr && item == focus && IsFocusRectVisible();
+    if (!IsItemValid(item)) break;  // the host was asked for colours and the like, and may do anything
+    if (framed) dc.DrawFocusRect(CRect(item->m_Rect));
     ++m_nDisplayCount;
     row.OffsetRect(0, item->GetItemHeight());
   }
