@@ -58,10 +58,11 @@ void CVornTreeDC::DrawItemButton(CRect* pRect, unsigned int kind, unsigned long 
 void CVornTreeDC::DrawOwnButton(CRect box, unsigned int kind) {
   const CPoint middle(box.left + box.Width() / 2, box.top + box.Height() / 2);
   FillSolidRect(box, m_clrButtonFill);
-  CBrush frame(m_clrLine);
-  FrameRect(box, &frame);
+  CBrush frame;
+  if (frame.CreateSolidBrush(m_clrLine)) FrameRect(box, &frame);
   box.DeflateRect(2, 2);
-  CPen pen(PS_SOLID, 1, m_clrLine);
+  CPen pen;
+  if (!pen.CreatePen(PS_SOLID, 1, m_clrLine)) return;
   CPen* const earlier = SelectObject(&pen);
   if (kind == 1) {
     MoveTo(middle.x, box.top);
@@ -169,6 +170,8 @@ CVornTreeDC::LabelColors CVornTreeDC::ColorsOf(CVornTreeItem* pItem, unsigned in
 
 int CVornTreeDC::DrawItemText(CRect* pRect, CVornTreeItem* pItem, unsigned long style) {
   if (pRect == nullptr || !IsItemValid(pItem)) return 1;
+  CString label = pItem->m_strText;  // before anything is selected: it needs memory
+  vorn::DecodeSequence(label);
   const unsigned int bits = static_cast<unsigned int>(style);
   const bool hot = IsHot(pItem, bits);
   CFont* font = m_pTree != nullptr ? m_pTree->GetItemFont(pItem) : pItem->GetFont();
@@ -188,8 +191,6 @@ int CVornTreeDC::DrawItemText(CRect* pRect, CVornTreeItem* pItem, unsigned long 
     text.left += vorn::kLabelIndent;
     SetBkColor(colors.back);
     SetTextColor(Readable(colors.text, colors.back));
-    CString label = pItem->m_strText;
-    vorn::DecodeSequence(label);
     DrawText(label, text, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_WORD_ELLIPSIS);
   }
   if (earlier != nullptr) SelectObject(earlier);

@@ -124,8 +124,15 @@ int CVornTreeDC::RowHeight(const CVornTreeItem* pItem) const {
 }
 
 void CVornTreeDC::DrawItem(const CRect& rect, CVornTreeItem* pItem, unsigned long style, long levelOffset) {
-  if (!IsItemValid(pItem)) return;
-  if (rect.Width() <= 2 * vorn::kRowMargin) return;
+  if (!IsItemValid(pItem) || rect.Width() <= 2 * vorn::kRowMargin) return;
+  try {
+    DrawRow(rect, pItem, style, levelOffset);
+  } catch (CException* exception) {
+    exception->Delete();  // short of memory or objects: this row is not whole, the others may be
+  }
+}
+
+void CVornTreeDC::DrawRow(const CRect& rect, CVornTreeItem* pItem, unsigned long style, long levelOffset) {
   const unsigned int bits = static_cast<unsigned int>(style);
   const vorn::RowZones zones =
       vorn::CutRow(ShapeOf(pItem, bits, levelOffset), rect.left, UseOf(m_nPaintMode));

@@ -63,6 +63,7 @@ class VORNCOMCTL_API CVornTreeDC : public CVornDC {
   bool IsForDrag() const {
     return m_nPaintMode == VornTreePaintDragItem || m_nPaintMode == VornTreePaintDragPlain;
   }
+  void DrawRow(const CRect& rect, CVornTreeItem* pItem, unsigned long style, long levelOffset);
   void DrawConnector(const CRect& cell, CVornTreeItem* pItem, unsigned int style, bool isFirstLevel);
   vorn::RowShape ShapeOf(CVornTreeItem* pItem, unsigned int style, long levelOffset) const;
   int RowHeight(const CVornTreeItem* pItem) const;
