@@ -64,12 +64,6 @@ TEST(Text, ExtentOfNothing) {
   TextCanvas dc(10, 10);
   EXPECT_EQ(0, dc.Width(L""));
   EXPECT_EQ(0, dc.Extent(L"").cy);
-  int fit = -1;
-  SIZE size = {-1, -1};
-  EXPECT_TRUE(GetTextExtentExPointW(dc, L"", 0, 100, &fit, nullptr, &size));
-  EXPECT_EQ(0, fit);
-  EXPECT_EQ(0, size.cx);
-  EXPECT_EQ(0, size.cy);
 }
 
 TEST(Text, ExtentIsTheSumOfItsParts) {
