@@ -255,18 +255,6 @@ TEST_F(TreePainting, ARowThatStartsOnTheBottomEdgeIsDrawn) {
   EXPECT_EQ(tree.GetDisplayCount(), 4);
 }
 
-TEST_F(TreePainting, NoMoreRowsAreDrawnThanTheRootCounts) {
-  Create(0, 180, 200);
-  tree.Build("root [a b c d]");
-  Show();
-  EXPECT_EQ(tree.GetDisplayCount(), 4);
-  tree.GetRootItem()->m_nVisibleDescendants = 2;
-  Repaint();
-  EXPECT_EQ(tree.GetDisplayCount(), 2);
-  EXPECT_EQ(tree.Name(tree.GetLastDisplayItem()), "b");
-  tree.GetRootItem()->m_nVisibleDescendants = 4;
-}
-
 TEST_F(TreePainting, AnEmptyTreeShowsTheBackgroundColour) {
   Create(kLinesAndButtons);
   tree.SetBkColor(kPaper);
