@@ -578,7 +578,7 @@ class VORNCOMCTL_API CVornTreeCtrl : public CWnd {
   void Place(CVornTreeItem* item, CVornTreeItem* parent, CVornTreeItem* insertAfter);
   void ShowInsertion(CVornTreeItem* item, CVornTreeItem* parent);
   void ApplyState(CVornTreeItem* item, const STITEM& record);
-  bool IsOnScreen(CVornTreeItem* prev, CVornTreeItem* next);
+  bool IsInDisplayList(const CVornTreeItem* item) const;
   void ForgetSubtree(CVornTreeItem* item);
   void ForgetDeadItems();
   int EmptyTree();

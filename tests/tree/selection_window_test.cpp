@@ -316,6 +316,17 @@ TEST_F(RowsInWindow, TheDisplayListEndsWithItsLastRow) {
   EXPECT_EQ(tree.IsDisplayItem(nullptr), 0);
 }
 
+TEST_F(RowsInWindow, ADisplayListOfOneRowHoldsAllRowsBelowIt) {
+  Create(0, 200, 6);
+  Build("root [a [a1] b c! d]");
+  ASSERT_EQ(OnScreen(), "a");
+  EXPECT_EQ(tree.IsDisplayItem(tree["a"]), 1);
+  EXPECT_EQ(tree.IsDisplayItem(tree["b"]), 1);
+  EXPECT_EQ(tree.IsDisplayItem(tree["d"]), 1);
+  EXPECT_EQ(tree.IsDisplayItem(tree["a1"]), 0) << "no row";
+  EXPECT_EQ(tree.IsDisplayItem(tree["c"]), 0) << "no row";
+}
+
 TEST_F(RowsInWindow, TheDisplayListIsThatOfTheLastPaint) {
   Create();
   Build("root [a b c]");

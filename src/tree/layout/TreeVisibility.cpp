@@ -95,11 +95,21 @@ int CVornTreeCtrl::GetVisibleCount() const {
 int CVornTreeCtrl::IsDisplayItem(CVornTreeItem* item) {
   CVornTreeItem* row = GetFirstDisplayItem();
   if (row == nullptr || item == nullptr) return 0;
-  for (; row != nullptr; row = GetNextVisibleItem(row)) {
+  if (row == item) return 1;
+  // The end is looked for behind the first row only: a list of one row holds all rows below it, meant.
+  while ((row = GetNextVisibleItem(row)) != nullptr) {
     if (row == item) return 1;
     if (row == m_pLastDisplay) return 0;
   }
   return 0;
+}
+
+bool CVornTreeCtrl::IsInDisplayList(const CVornTreeItem* item) const {
+  for (CVornTreeItem* row = GetFirstDisplayItem(); row != nullptr; row = GetNextVisibleItem(row)) {
+    if (row == item) return true;
+    if (row == m_pLastDisplay) return false;
+  }
+  return false;
 }
 
 // --- Hiding and locking ----------------------------------------------------------------------------

@@ -85,17 +85,12 @@ void CVornTreeCtrl::ShowInsertion(CVornTreeItem* item, CVornTreeItem* parent) {
   ++m_nRedrawLock;
   m_bNeedLayout = FALSE;
   const bool isOpen = IsItemValid(parent) && parent->IsExpanded();
-  const bool shows = prev != nullptr || next != nullptr ? IsOnScreen(prev, next) : isOpen;
+  const bool shows = prev != nullptr || next != nullptr ? IsDisplayItem(prev) || IsDisplayItem(next) : isOpen;
   if (hasWindow && ::IsWindow(m_hWnd) && shows) {
     ::InvalidateRect(m_hWnd, nullptr, TRUE);
     if (ownThread) ::UpdateWindow(m_hWnd);
   }
   --m_nRedrawLock;
-}
-
-// Whether the display list holds prev or, failing that, next.
-bool CVornTreeCtrl::IsOnScreen(CVornTreeItem* prev, CVornTreeItem* next) {
-  return (prev != nullptr && IsDisplayItem(prev)) || (next != nullptr && IsDisplayItem(next));
 }
 
 CVornTreeItem* CVornTreeCtrl::InsertItem(STINSERTSTRUCT* insert) {
@@ -114,7 +109,7 @@ CVornTreeItem* CVornTreeCtrl::InsertItem(STINSERTSTRUCT* insert) {
                                    static_cast<unsigned __int64>(data));
   if (item == nullptr) return nullptr;
 
-  const bool hold = IsOnScreen(GetPrevVisibleItem(item), GetNextVisibleItem(item));
+  const bool hold = IsInDisplayList(GetPrevVisibleItem(item)) || IsDisplayItem(GetNextVisibleItem(item));
   if (hold) SetRedraw(FALSE);
   if (record.mask & STIF_STATE) {
     ApplyState(item, record);
