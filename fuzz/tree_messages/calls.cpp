@@ -96,10 +96,10 @@ void Look(Scene& scene, const Step& step) {
   tree.GetPrevVisibleItem(item);
   tree.GetNextVisibleItem(item);
   tree.GetVisibleCount();
-  CVornTreeItemArray items;
+  CVornTreeItemArray items, selection;
   tree.GetHiddenItems(items);
-  tree.GetCurrentSelection(items);
   tree.GetParentList(item, items);
+  tree.GetCurrentSelection(selection);  // shares the manager's own list: not to be added to
 }
 
 void LookAtScreen(Scene& scene, const Step& step) {
