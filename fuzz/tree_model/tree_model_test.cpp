@@ -41,6 +41,18 @@ TEST(TreeModel, AgreesOnWhatWasFoundBefore) {
             "");
 }
 
+// Each brings about what the others do not; made by corpus_maker.cpp.
+TEST(TreeModel, AgreesOnItsCorpus) {
+  const std::vector<std::vector<uint8_t>> corpus = fuzz::ReadCorpus(VORN_CORPUS);
+  EXPECT_FALSE(corpus.empty()) << VORN_CORPUS;
+  for (size_t i = 0; i < corpus.size(); ++i) {
+    uint32_t seed = 0;
+    const fuzz::Steps steps = fuzz::StepsFromBytes(corpus[i].data(), corpus[i].size(), kStepsPerWorld, seed);
+    EXPECT_FALSE(steps.empty()) << i;
+    EXPECT_EQ(fuzz::Run(steps, seed), "") << "entry " << i;
+  }
+}
+
 // VORN_FUZZ_STEPS and VORN_FUZZ_SEED ask for another length and another first seed of the run.
 TEST(TreeModel, AgreesWithTheControlAfterEveryStep) {
   const size_t wanted = fuzz::NumberFromEnvironment("VORN_FUZZ_STEPS", 1000000);

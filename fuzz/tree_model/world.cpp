@@ -88,7 +88,7 @@ class World {
   }
 
   // Does one step on both sides; what differs, or nothing.
-  std::string Do(const Step& step);
+  std::string Do(const Step& step, std::set<std::string>* events);
 
  private:
   static std::string Name(const Node* node) { return node == nullptr ? "-" : std::to_string(node->id); }
@@ -141,6 +141,7 @@ class World {
     m_treeLog.push_back("= " + std::to_string(ofTree));
     m_modelLog.push_back("= " + std::to_string(ofModel));
   }
+  static std::string EventOf(const Step& step, const Log& log);
   std::string Compare();
   std::string Describe(const CVornTreeItem* item) const;
   static std::string Describe(const Node* node);
@@ -386,8 +387,25 @@ std::string World::Compare() {
   return differ("selection", join(names), join(modelNames));
 }
 
-std::string World::Do(const Step& step) {
+// What a step brought about, whatever the items: names of hooks and results stay, and what comes twice in a
+// row counts once.
+std::string World::EventOf(const Step& step, const Log& log) {
+  std::string event = std::to_string(step.operation / 64) + "." + std::to_string(step.operation % 64);
+  std::string before;
+  for (const std::string& line : log) {
+    std::string general;
+    for (char c : line) {
+      if (line[0] == '=' || c < '0' || c > '9') general += c;
+    }
+    if (general != before) event += "; " + general;
+    before = general;
+  }
+  return event;
+}
+
+std::string World::Do(const Step& step, std::set<std::string>* events) {
   Act(step);
+  if (events != nullptr && !m_treeLog.empty()) events->insert(EventOf(step, m_treeLog));
   char wrong[256];
   if (!vorn::IsTreeSound(m_tree, false, wrong, sizeof(wrong))) return wrong;
   return Compare();
@@ -395,10 +413,10 @@ std::string World::Do(const Step& step) {
 
 }  // namespace
 
-std::string Run(const Steps& steps, uint32_t seed) {
+std::string Run(const Steps& steps, uint32_t seed, std::set<std::string>* events) {
   World world(seed);
   for (size_t i = 0; i < steps.size(); ++i) {
-    const std::string wrong = world.Do(steps[i]);
+    const std::string wrong = world.Do(steps[i], events);
     if (!wrong.empty()) return "after step " + std::to_string(i) + ": " + wrong;
   }
   return "";
