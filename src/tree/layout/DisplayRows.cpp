@@ -10,6 +10,7 @@ int CVornTreeOperations::ClientHeight() const {
 
 CVornTreeItem* CVornTreeOperations::FindFirstDisplayItem() const {
   int index = m_pTree->GetScrollPos(SB_VERT);
+  if (index < 0) return nullptr;  // a host may store any position
   if (m_pTree->Rows() != nullptr) return m_pTree->RowAt(index);
   CVornTreeItem* first = m_pTree->GetFirstVisibleItem();
   if (first == nullptr) return nullptr;

@@ -55,6 +55,7 @@ vorn::RowIndex* CVornTreeCtrl::Rows() const {
 }
 
 CVornTreeItem* CVornTreeCtrl::RowAt(int index) const {
+  if (index < 0) return nullptr;
   if (const vorn::RowIndex* const rows = Rows()) return rows->At(index);
   return CVornTreeOperations::FindVisibleByIndex(&index, GetFirstVisibleItem());
 }
