@@ -1,5 +1,7 @@
 // CVornTreeCtrl: scroll ranges and bringing items into view. The vertical position is a row index, the
 // horizontal one is in pixels.
+#include <algorithm>
+
 #include "../../selection/VornTreeSelection.h"
 #include "../VornTreeCtrl.h"
 #include "../model/TreeCheck.h"
@@ -7,6 +9,12 @@
 #include "VornTreeOperations.h"
 
 namespace {
+
+// A position that can be counted on from: a host may store any while redraw is held.
+int WithinReach(int position) {
+  constexpr int kFarthest = 1 << 30;
+  return std::clamp(position, -kFarthest, kFarthest);
+}
 
 // Set while UpdateScrollBar calls what would call it again.
 bool g_updatingScrollBar = false;
@@ -142,7 +150,7 @@ int CVornTreeCtrl::EnsureVisible(CVornTreeItem* item) {
   m_pFirstDisplay = RowAt(GetScrollPos(SB_VERT));
   m_pLastDisplay = operations.FindLastDisplayItem();
 
-  int position = GetScrollPos(SB_VERT);
+  int position = WithinReach(GetScrollPos(SB_VERT));
   CVornTreeItem* row = nullptr;
   if (IsAbove(item, m_pFirstDisplay)) {
     row = StepToRow(m_pFirstDisplay, item, true, &position);
@@ -167,7 +175,7 @@ int CVornTreeCtrl::SetFirstVisible(CVornTreeItem* item) {
   const bool isAbove = IsAbove(item, m_pFirstDisplay);
   CVornTreeOperations(this).ExpandParents(item);
   UpdateScrollBar();
-  int position = GetScrollPos(SB_VERT);
+  int position = WithinReach(GetScrollPos(SB_VERT));
   CVornTreeItem* row = nullptr;
   if (IsItemValid(item)) row = StepToRow(GetFirstDisplayItem(), item, isAbove, &position);
   if (row == item && row != nullptr) SetScrollPos(SB_VERT, position, TRUE);
